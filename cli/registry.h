@@ -1,0 +1,34 @@
+// How kelvane-cli grows: each subsystem keeps its subcommands in a file of
+// its own (commands_<subsystem>.cpp) that registers an adder at start-up:
+//
+//   static kelvane::cli::Registrar gpx([](CLI::App& app, kelvane::cli::Context& ctx) { ... });
+//
+// main() makes the application, adds the global options, then calls every
+// adder. The executable links the object files directly, so the registrars
+// are never dropped.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <vector>
+
+#include "core/datatree.h"
+
+namespace kelvane::cli {
+
+// What every command shares: the folder options of the command line.
+struct Context {
+  FolderOverrides overrides;
+  int exitCode = 0;  // set by the command that ran
+  Folders folders() const { return FindFolders(overrides); }
+};
+
+using Adder = std::function<void(CLI::App&, Context&)>;
+
+std::vector<Adder>& Adders();
+
+struct Registrar {
+  explicit Registrar(Adder adder) { Adders().push_back(std::move(adder)); }
+};
+
+}  // namespace kelvane::cli
