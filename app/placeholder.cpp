@@ -1,0 +1,1 @@
+// The main window library starts here; see mainwindow.h once it exists.
