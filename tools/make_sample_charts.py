@@ -12,12 +12,14 @@ which is the projection the program's pixel arithmetic assumes: rows follow
 the isometric latitude ln(tan(pi/4 + lat/2)) and columns are linear in
 longitude. The map fills the image: the map's lower-left corner is pixel
 (0, H) and one point of the map is DPI/72 pixels. The calibration lines of
-each chart are the first and last graticule lines inside it (parallels for
-UpperLat/LowerLat, meridians for LeftLon/rightLon); their pixel rows and
-columns are asked of GMT's own projection (mapproject) and written to the
-`charts` table to a tenth of a pixel. The script then reads the rendered PNG
-back and checks that each calibration line is drawn where the table says,
-within a pixel.
+each chart are its borders (UpperLat/LowerLat the northern and southern
+parallels of the region, LeftLon/rightLon its western and eastern
+meridians), since the ladder of detail takes a chart to contain exactly what
+lies strictly inside its calibration lines. Their pixel rows and columns are
+asked of GMT's own projection (mapproject) and written to the `charts` table
+to a tenth of a pixel. The script then reads the rendered PNG back and
+checks that every graticule line drawn inside the chart lies where the
+program's arithmetic puts it from that calibration, within a pixel.
 
 Outputs (below --out):
     Charts/<area>.l35         SQLite area database, `charts` rows
@@ -186,18 +188,16 @@ def render(chart, workdir, out_charts, preview=False):
     run(["gmt", "psconvert", ps, "-A", "-Tg", f"-E{max(8, int(300 * 72 / width))}", f"-D{workdir}"])
     os.replace(png, os.path.join(out_charts, f"{number}.tif"))
 
-    # Calibration from the projection: the outermost graticule lines inside
-    # the chart.
-    lats = grid_lines(s, n, grid)
-    lons = grid_lines(w, e, grid)
-    upper, lower, left, right = lats[-1], lats[0], lons[0], lons[-1]
+    # Calibration from the projection: the chart's own borders, which are
+    # also the limits the ladder of detail tests a position against.
     scale = DPI / 72.0
-    (x_left, y_upper), (x_right, y_lower) = project(region, width, [(left, upper), (right, lower)])
+    (x_left, y_upper), (x_right, y_lower) = project(region, width, [(w, n), (e, s)])
     cal = {
-        "UpperLat": upper, "UpperPixels": round(img_h - y_upper * scale, 1),
-        "LowerLat": lower, "LowerPixels": round(img_h - y_lower * scale, 1),
-        "LeftLon": left, "LeftPixels": round(x_left * scale, 1),
-        "rightLon": right, "RightPixels": round(x_right * scale, 1),
+        "UpperLat": n, "UpperPixels": round(img_h - y_upper * scale, 1),
+        "LowerLat": s, "LowerPixels": round(img_h - y_lower * scale, 1),
+        "LeftLon": w, "LeftPixels": round(x_left * scale, 1),
+        "rightLon": e, "RightPixels": round(x_right * scale, 1),
+        "grid": grid,
     }
     # Natural scale at the middle latitude: metres of ground per metre of
     # image at DPI.
@@ -208,8 +208,15 @@ def render(chart, workdir, out_charts, preview=False):
     return dict(number=number, name=name, area=area, rank=rank, scale=chart_scale, size=(img_w, img_h), **cal)
 
 
+def mercator(lat):
+    return math.log(math.tan(math.pi / 4 + math.radians(lat) / 2))
+
+
 def check_lines(path, cal):
-    """The calibration lines must lie on the drawn graticule within a pixel."""
+    """Every graticule line drawn inside the chart must lie where the
+    program's arithmetic puts it (rows by the isometric latitude between the
+    upper and lower calibration lines, columns linear in longitude), within
+    a pixel. Returns the worst distance in pixels."""
     width, height, ch, rows = png_rows(path)
     grid = tuple(int(v) for v in GRID.split("/"))
 
@@ -222,13 +229,21 @@ def check_lines(path, cal):
     def col_score(c, rws):
         return sum(darkness(rows[r][c * ch:c * ch + 3]) for r in rws)
 
-    cols = range(int(cal["LeftPixels"]) + 40, int(cal["RightPixels"]) - 40, 7)
-    rws = range(int(cal["UpperPixels"]) + 40, int(cal["LowerPixels"]) - 40, 7)
+    m_up, m_low = mercator(cal["UpperLat"]), mercator(cal["LowerLat"])
+    span = cal["LowerPixels"] - cal["UpperPixels"]
+    px_per_lon = (cal["RightPixels"] - cal["LeftPixels"]) / (cal["rightLon"] - cal["LeftLon"])
+    cols = range(60, width - 60, 7)
+    rws = range(60, height - 60, 7)
     worst = 0.0
-    for key, scorer, sample in (("UpperPixels", row_score, cols), ("LowerPixels", row_score, cols),
-                                ("LeftPixels", col_score, rws), ("RightPixels", col_score, rws)):
-        want = cal[key]
-        near = range(int(want) - 3, int(want) + 4)
+    checks = []
+    for lat in grid_lines(cal["LowerLat"], cal["UpperLat"], cal["grid"]):
+        want = cal["UpperPixels"] + span * (m_up - mercator(lat)) / (m_up - m_low)
+        checks.append((want, row_score, cols))
+    for lon in grid_lines(cal["LeftLon"], cal["rightLon"], cal["grid"]):
+        want = cal["LeftPixels"] + (lon - cal["LeftLon"]) * px_per_lon
+        checks.append((want, col_score, rws))
+    for want, scorer, sample in checks:
+        near = [v for v in range(int(want) - 3, int(want) + 4) if 0 <= v < (height if scorer is row_score else width)]
         best = min(near, key=lambda v: scorer(v, sample))
         # The drawn line is a 1-pixel stroke centred on the line: pixel v
         # covers v .. v+1.
@@ -268,7 +283,7 @@ def main():
             info = render(chart, work, charts_dir)
             err = check_lines(os.path.join(charts_dir, info["number"] + ".l55"), info)
             print(f"{info['number']:8} {info['size'][0]}x{info['size'][1]}  1:{info['scale']}  "
-                  f"calibration within {err:.2f} px of the drawn graticule")
+                  f"graticule drawn within {err:.2f} px of the calibrated position")
             if err > 1.0:
                 sys.exit(f"{info['number']}: calibration off the graticule by {err} px")
             rows.append(info)
