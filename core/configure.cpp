@@ -148,13 +148,13 @@ ConfigureOutcome ApplyConfigure(SettingsRecord& r, const ConfigureControls& c,
   if (c.chkStreamAsShape) r.StreamAsShape = Flag(*c.chkStreamAsShape);
   if (c.TidalStreamColour) r.TidalStreamColour = *c.TidalStreamColour;
   // 16. Text layer.
-  if (c.cmbTextSize) {
-    if (Number(*c.cmbTextSize) == 0) {
-      out.message = "Font Size = 0 !!";
-      return out;
-    }
-    r.TextSize = RoundToInt(TextValue(*c.cmbTextSize));
+  // The stream form has no text size of its own: its font size check is
+  // the same one, on the size of the stream labels.
+  if ((c.cmbTextSize && Number(*c.cmbTextSize) == 0) || (c.cmbStreamFontSize && Number(*c.cmbStreamFontSize) == 0)) {
+    out.message = "Font Size = 0 !!";
+    return out;
   }
+  if (c.cmbTextSize) r.TextSize = RoundToInt(TextValue(*c.cmbTextSize));
   if (c.COGColour) r.COGColour = *c.COGColour;
   if (c.GPSColour) r.GPSColour = *c.GPSColour;
   if (c.WindColour) r.WindColour = *c.WindColour;
