@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <string>
 
+#include "support/tempdir.h"
+
 namespace kelvane::test {
 
 struct CliResult {
@@ -26,16 +28,5 @@ inline CliResult RunCli(const std::string& arguments) {
   r.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
   return r;
 }
-
-// A temporary folder removed at the end of the test.
-struct TempDir {
-  std::filesystem::path path;
-  TempDir() {
-    std::string t = (std::filesystem::temp_directory_path() / "kelvane-cli-XXXXXX").string();
-    path = mkdtemp(t.data());
-  }
-  ~TempDir() { std::filesystem::remove_all(path); }
-  std::string Quoted(const std::string& sub) const { return "'" + (path / sub).string() + "'"; }
-};
 
 }  // namespace kelvane::test

@@ -11,8 +11,10 @@
 #include "core/datatree.h"
 #include "core/recordio.h"
 #include "core/settings.h"
+#include "support/tempdir.h"
 
 using namespace kelvane;
+using kelvane::test::TempDir;
 namespace fs = std::filesystem;
 
 namespace {
@@ -29,15 +31,6 @@ std::uint32_t Le32(const Bytes& b, size_t at) {
   return b[at] | (b[at + 1] << 8) | (b[at + 2] << 16) | (static_cast<std::uint32_t>(b[at + 3]) << 24);
 }
 std::uint16_t Le16(const Bytes& b, size_t at) { return static_cast<std::uint16_t>(b[at] | (b[at + 1] << 8)); }
-
-struct TempDir {
-  fs::path path;
-  TempDir() {
-    std::string t = (fs::temp_directory_path() / "kelvane-test-XXXXXX").string();
-    path = mkdtemp(t.data());
-  }
-  ~TempDir() { fs::remove_all(path); }
-};
 
 }  // namespace
 

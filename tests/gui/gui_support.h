@@ -10,6 +10,7 @@
 #include <string>
 
 #include "core/datatree.h"
+#include "support/tempdir.h"
 
 namespace kelvane::test {
 
@@ -24,17 +25,15 @@ inline QApplication& App() {
   return *app;
 }
 
+// The program's three folders inside a temporary folder.
 struct TempTree {
-  std::filesystem::path root;
+  TempDir dir;
   Folders folders;
   TempTree() {
-    std::string t = (std::filesystem::temp_directory_path() / "kelvane-gui-XXXXXX").string();
-    root = mkdtemp(t.data());
-    folders.programFolder = root / "data";
-    folders.userFolder = root / "user";
-    folders.picturesFolder = root / "pics";
+    folders.programFolder = dir.path / "data";
+    folders.userFolder = dir.path / "user";
+    folders.picturesFolder = dir.path / "pics";
   }
-  ~TempTree() { std::filesystem::remove_all(root); }
 };
 
 // Saves a picture of a window when KELVANE_SCREENSHOT_DIR names a folder.

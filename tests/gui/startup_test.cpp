@@ -19,6 +19,18 @@ using namespace kelvane;
 using namespace kelvane::test;
 namespace fs = std::filesystem;
 
+namespace {
+
+// A main window's state over a fresh tree, as the start form hands it on.
+ProgramState LoadedState(const TempTree& tree) {
+  ProgramState state;
+  state.folders = tree.folders;
+  CreateDataTree(tree.folders);
+  return state;
+}
+
+}  // namespace
+
 TEST(StartForm, NoticesAndDecline) {
   App();
   TempTree tree;
@@ -92,10 +104,7 @@ TEST(MainWindow, AcceptOpensTheChartWindow) {
 TEST(MainWindow, LayerTogglesAreWrittenAtOnce) {
   App();
   TempTree tree;
-  ProgramState state;
-  state.folders = tree.folders;
-  CreateDataTree(tree.folders);
-  app::FrmChart chart(state);
+  app::FrmChart chart(LoadedState(tree));
   chart.Load();
   chart.show();
   ASSERT_TRUE(chart.ToolBar()->isVisible());
@@ -125,10 +134,7 @@ TEST(MainWindow, LayerTogglesAreWrittenAtOnce) {
 TEST(MainWindow, MinuteTickKeepsTheDayAndTheCaption) {
   App();
   TempTree tree;
-  ProgramState state;
-  state.folders = tree.folders;
-  CreateDataTree(tree.folders);
-  app::FrmChart chart(state);
+  app::FrmChart chart(LoadedState(tree));
   chart.Load();
   std::string message;
   chart.showMessage = [&](const std::string& m) { message = m; };
