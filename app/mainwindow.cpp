@@ -32,6 +32,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent) : QMainWindow(parent), s
   placeholder->setMinimumSize(320, 240);
   placeholder->setStyleSheet("background-color: rgb(214, 230, 242);");
   setCentralWidget(placeholder);
+  InstallChart();
   ConnectMenus();
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);
@@ -106,6 +107,7 @@ void FrmChart::Load() {
   state_.LegSpeed = state_.settings.VesselSpeed;
   state_.UseLeewaySwitch = state_.settings.UseLeeway != 0;
   // 12. The chart image and its overlays.
+  LoadChartImage();
   UpdateStatusBar();
   UpdateCaption();
   // 13. Timers.

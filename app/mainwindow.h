@@ -19,6 +19,8 @@ class QToolBar;
 
 namespace kelvane::app {
 
+class ChartPane;
+
 class FrmChart : public QMainWindow {
   Q_OBJECT
  public:
@@ -48,6 +50,9 @@ class FrmChart : public QMainWindow {
 
   forms::MessageSink showMessage;
 
+  // The chart on show (mainwindow_chart.cpp).
+  ChartPane* Chart() const { return chart_; }
+
  signals:
   void RedrawRequested();
 
@@ -65,8 +70,11 @@ class FrmChart : public QMainWindow {
   void RestoreGeometry();
   void Shutdown();
   void Redraw();
+  void InstallChart();  // the chart pane as the central widget
+  void LoadChartImage();
 
   ProgramState state_;
+  ChartPane* chart_ = nullptr;
   std::map<std::string, QAction*> actions_;
   QLabel* panels_[5] = {};
   QToolBar* toolBar_ = nullptr;

@@ -182,6 +182,15 @@ std::string AppendChartCsv(const std::filesystem::path& programFolder, std::stri
   return out.good() ? "" : "Can't write " + file.string();
 }
 
+std::string ImageErrorText(int status) { return "error code: " + std::to_string(status); }
+
+std::string ChartFileErrorText(std::string_view chartsFolder, std::string_view chartPath) {
+  return "Error in Chart File\n" + Trim(chartsFolder) + "\n" + Trim(chartPath) +
+         "\n\nRestoring defaults to Sample Chart and exiting program";
+}
+
+bool IsChartSwitch(std::string_view chosenNumber, std::string_view chartFile) { return chosenNumber != chartFile; }
+
 std::vector<std::string> ListAreas(const std::filesystem::path& programFolder) {
   std::vector<std::string> areas;
   std::error_code ec;

@@ -141,6 +141,20 @@ std::string ChartCsvLine(const ChartRecord& chart);
 std::string AppendChartCsv(const std::filesystem::path& programFolder, std::string_view chartSet,
                            const ChartRecord& chart);
 
+// The message of an image that can't be loaded: "error code: " and the
+// imaging status.
+std::string ImageErrorText(int status);
+// The message when the chart image has no height at a mouse movement: the
+// lines "Error in Chart File", the trimmed charts folder, the trimmed chart
+// path, an empty line and "Restoring defaults to Sample Chart and exiting
+// program".
+std::string ChartFileErrorText(std::string_view chartsFolder, std::string_view chartPath);
+
+// Whether a chart chosen on the ladder is a switch: its number differs
+// from the ChartFile setting. The setting is the one the chooser wrote (the
+// factory value is "9999-1.cht"); the ladder does not rewrite it.
+bool IsChartSwitch(std::string_view chosenNumber, std::string_view chartFile);
+
 // The areas installed: every "*.l35" in ProgramFolder/Charts by its name up
 // to the first ".", sorted.
 std::vector<std::string> ListAreas(const std::filesystem::path& programFolder);

@@ -26,6 +26,8 @@ ProgramState LoadedState(const TempTree& tree) {
   ProgramState state;
   state.folders = tree.folders;
   CreateDataTree(tree.folders);
+  // The sample charts, as the start form seeds them.
+  SeedDataRoot(tree.folders, fs::path(KELVANE_SOURCE_DIR) / "data");
   return state;
 }
 

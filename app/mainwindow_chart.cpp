@@ -1,0 +1,38 @@
+// The chart pane inside the main window: it replaces the placeholder, its
+// chooser and outline commands are on the Chart menu, and the status bar
+// follows its chart.
+#include <QAction>
+#include <QFileDialog>
+#include <QLabel>
+
+#include "app/chartpane.h"
+#include "app/mainwindow.h"
+#include "core/positions.h"
+
+namespace kelvane::app {
+
+void FrmChart::InstallChart() {
+  chart_ = new ChartPane(state_.folders, state_.settings, this);
+  chart_->showMessage = [this](const std::string& text) { showMessage(text); };
+  setCentralWidget(chart_);
+  if (QAction* select = Action("mnuSelectChartVisually")) {
+    select->setEnabled(true);
+    connect(select, &QAction::triggered, this, [this] {
+      chart_->SelectChartVisually();
+      UpdateStatusBar();
+    });
+  }
+  connect(chart_, &ChartPane::StatusChanged, this, [this] { UpdateStatusBar(); });
+  connect(chart_, &ChartPane::CursorMoved, this, [this](float lat, float lon) {
+    if (QLabel* panel = StatusPanel(5))
+      panel->setText(QString::fromStdString(LatToText3(lat) + "  " + LonToText3(lon)));
+  });
+  connect(this, &FrmChart::RedrawRequested, chart_->Viewer(), &ChartViewer::Redraw);
+}
+
+void FrmChart::LoadChartImage() {
+  chart_->LoadChart();
+  chart_->Viewer()->setFocus();
+}
+
+}  // namespace kelvane::app
