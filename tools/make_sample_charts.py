@@ -21,6 +21,8 @@ to a tenth of a pixel. The script then reads the rendered PNG back and
 checks that every graticule line drawn inside the chart lies where the
 program's arithmetic puts it from that calibration, within a pixel.
 
+GMT runs in the temporary folder, so its gmt.history stays out of the tree.
+
 Outputs (below --out):
     Charts/<area>.l35         SQLite area database, `charts` rows
     Charts/<number>.l55       the chart image (PNG)
@@ -74,12 +76,14 @@ PLACES = [
 
 
 def run(args, stdin=None):
-    return subprocess.run(args, input=stdin, capture_output=True, text=True, check=True).stdout
+    return subprocess.run(args, input=stdin, capture_output=True, text=True, check=True,
+                          cwd=tempfile.gettempdir()).stdout
 
 
 def run_ps(args, stdin=""):
     """PostScript out of a GMT module, as bytes (it holds Latin-1 text)."""
-    return subprocess.run(args, input=stdin.encode(), capture_output=True, check=True).stdout
+    return subprocess.run(args, input=stdin.encode(), capture_output=True, check=True,
+                          cwd=tempfile.gettempdir()).stdout
 
 
 def gmt_common(region, width):
