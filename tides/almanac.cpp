@@ -137,8 +137,8 @@ SunTimes SunRiseSet(double lat, double lon, int day, int month, int year, double
 
   SunTimes times;
   for (int z = 0; z < 4; ++z) {
-    times[static_cast<std::size_t>(kSunrise - z)] = OneEvent(N, L, W, zoneRad, kZenithCos[z], true);
-    times[static_cast<std::size_t>(kSunset + z)] = OneEvent(N, L, W, zoneRad, kZenithCos[z], false);
+    times[static_cast<std::size_t>(kAstronomicalRise + z)] = OneEvent(N, L, W, zoneRad, kZenithCos[z], true);
+    times[static_cast<std::size_t>(kAstronomicalSet - z)] = OneEvent(N, L, W, zoneRad, kZenithCos[z], false);
   }
   for (SunEvent& event : times) {
     if (!event.happens) continue;
