@@ -20,27 +20,16 @@
 #include <QRadioButton>
 #include <QTest>
 
+#include "gui_support.h"
+
 namespace kelvane::forms {
 namespace {
 
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "test_gui";
-  static char* argv[] = {name, nullptr};
-  static QApplication app(argc, argv);
-  return app;
-}
+using test::App;
 
-struct Tree {
-  Tree() {
-    std::random_device rd;
-    folders.programFolder = std::filesystem::temp_directory_path() / ("kelvane-forms-" + std::to_string(rd()));
-    std::filesystem::create_directories(folders.RoutesFolder());
-    std::filesystem::create_directories(folders.WaypointsFolder());
-    std::filesystem::create_directories(folders.TracksFolder());
-  }
-  ~Tree() { std::filesystem::remove_all(folders.programFolder); }
-  Folders folders;
+// The data tree in a temporary folder, laid out as start-up lays it out.
+struct Tree : test::TempTree {
+  Tree() { CreateDataTree(folders); }
 };
 
 TEST(RoutesForms, TextImportOfARoute) {

@@ -14,27 +14,19 @@
 #include "core/settings.h"
 #include "forms/frmPortName.h"
 #include "forms/frmTidesSeaArea.h"
+#include "gui_support.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "test_gui";
-  static char* argv[] = {name, nullptr};
-  static QApplication* app = qApp ? nullptr : new QApplication(argc, argv);
-  (void)app;
-  return *static_cast<QApplication*>(QApplication::instance());
-}
+using kelvane::test::App;
 
+// A data root with its TS folder, in a temporary folder of its own.
 struct Folder {
-  fs::path path = fs::temp_directory_path() / "kelvane_gui_tides";
-  Folder() {
-    fs::remove_all(path);
-    fs::create_directories(path / "TS");
-  }
-  ~Folder() { fs::remove_all(path); }
+  kelvane::test::TempDir dir;
+  fs::path path = dir.path;
+  Folder() { fs::create_directories(path / "TS"); }
 };
 
 TEST(frmTidesSeaArea, RefusesAnEmptyChoiceThenStoresTheClickedName) {
