@@ -65,6 +65,9 @@ class FrmChart : public QMainWindow {
   void RestoreGeometry();
   void Shutdown();
   void Redraw();
+  // Loads the reference ports and the curves of a day; a failure is shown
+  // and the window goes on without curves.
+  void LoadTides(std::int16_t day, std::int16_t year);
 
   ProgramState state_;
   std::map<std::string, QAction*> actions_;
