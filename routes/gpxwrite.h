@@ -20,8 +20,9 @@ namespace kelvane {
 
 inline constexpr const char* kCrLf = "\r\n";
 
-// The creator attribute of every file the program writes.
-inline constexpr const char* kGpxCreator = "Kelvane - https://kelvane.org";
+// The creator attribute of every file the program writes: the program's
+// name (it has no web address of its own to give).
+inline constexpr const char* kGpxCreator = "Kelvane";
 
 // The seven header lines, each ended by CR LF.
 std::string GpxHeader();

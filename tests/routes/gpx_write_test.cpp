@@ -21,7 +21,7 @@ using testing::WriteText;
 const std::string kHeader =
     "<?xml version=\"1.0\"?>\r\n"
     "<gpx version=\"1.1\"\r\n"
-    "creator=\"Kelvane - https://kelvane.org\"\r\n"
+    "creator=\"Kelvane\"\r\n"
     "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"\r\n"
     "xmlns=\"http://www.topografix.com/GPX/1/1\"\r\n"
     "xsi:schemaLocation=\"http://www.topografix.com/GPX/1/1\r\n"
