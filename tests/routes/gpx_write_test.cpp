@@ -1,6 +1,9 @@
 // The writers' exact text: header lines, CR LF, indentation, number forms,
 // and the sample file.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
 
 #include <map>
 #include <unistd.h>
@@ -129,17 +132,30 @@ TEST(GpxWrite, CompoundFileOfRoutesAndWaypoints) {
 }
 
 TEST(GpxWrite, AFailedWriteLeavesTheOldFile) {
-  if (geteuid() == 0) GTEST_SKIP() << "permissions do not bind the superuser";
   TempFolder tmp;
   std::vector<Waypoint> w(2);
   w[0].Name = "Kept";
   ASSERT_TRUE(WriteWaypointFile(tmp / "in-use.gpx", w));
   std::string before = ReadText(tmp / "in-use.gpx");
-  std::filesystem::permissions(tmp.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-  w[0].Name = "Lost";
-  EXPECT_FALSE(WriteWaypointFile(tmp / "in-use.gpx", w));
-  std::filesystem::permissions(tmp.path(), std::filesystem::perms::owner_all);
+  // A disk that fills up half way through the new file: a file size limit
+  // of 200 bytes stops the write, whoever runs the test.
+  std::vector<Waypoint> many(300);
+  for (std::size_t i = 0; i + 1 < many.size(); ++i) many[i].Name = "Lost " + std::to_string(i);
+  struct rlimit old {};
+  getrlimit(RLIMIT_FSIZE, &old);
+  auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+  struct rlimit small = old;
+  small.rlim_cur = 200;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  bool written = WriteWaypointFile(tmp / "in-use.gpx", many);
+  setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, oldHandler);
+  EXPECT_FALSE(written);
   EXPECT_EQ(ReadText(tmp / "in-use.gpx"), before);
+  // No half-written temporary file is left beside it.
+  int entries = 0;
+  for (auto& e : std::filesystem::directory_iterator(tmp.path())) (void)e, ++entries;
+  EXPECT_EQ(entries, 1);
 }
 
 TEST(SampleWaypoints, FirstRowAndLayout) {
