@@ -101,6 +101,7 @@ bool Frmdisclaimer::Prepare() {
 void Frmdisclaimer::cmdCCok_Click() {
   hide();
   chart_ = std::make_unique<FrmChart>(state_);
+  chart_->showMessage = showMessage;
   chart_->Load();
   chart_->show();
 }

@@ -98,11 +98,14 @@ void FrmChart::Load() {
   // 6. Chart boundaries show for the first chart, whatever the file says.
   state_.settings.ShowChartBoundaries = -1;
   Action("mnuViewChartBoundaries")->setChecked(true);
-  // 7 - 10. Waypoints, catalogue and diamonds, tides and streams, wrecks and
-  // sites are loaded here by their subsystems. The tides are for the
-  // working day.
-  state_.moment.TideDay = state_.moment.WorkingDay;
-  state_.moment.TideYear = state_.moment.WorkingYear;
+  // 7. The waypoint file in use; a file that cannot be read leaves the
+  // chart without marks.
+  LoadChartWaypoints(WaypointFilePath(state_.settings, state_.folders), state_.waypoints);
+  // 8. The catalogue, the chart record and the diamonds come with the chart
+  // and stream subsystems.
+  // 9. The reference ports and the curves of the working day.
+  LoadTides(state_.moment.WorkingDay, state_.moment.WorkingYear);
+  // 10. Wreck marks and sites come with their subsystem.
   // 11. The leg speed starts as the vessel speed; no route yet.
   state_.LegSpeed = state_.settings.VesselSpeed;
   state_.UseLeewaySwitch = state_.settings.UseLeeway != 0;
@@ -165,8 +168,10 @@ void FrmChart::RunConfigure(int variant) {
   state_.LegSpeed = out.legSpeed;
   state_.UseLeewaySwitch = out.useLeewaySwitch;
   Action("mnuShowTidalStreams")->setEnabled(out.streamMenusEnabled);
-  // The route's leg speeds, the tide reload on a change of summer time and
-  // the wreck marks follow here as their subsystems arrive.
+  // A change of summer time moves every predicted time by an hour.
+  if (out.summerTimeChanged) LoadTides(state_.moment.TideDay, state_.moment.TideYear);
+  // The route's leg speeds and the wreck marks follow here as their
+  // subsystems arrive.
   UpdateStatusBar();
   Redraw();
 }
@@ -183,6 +188,7 @@ void FrmChart::RunTimeDate() {
   m.WorkingTime = w.time;
   m.JulianDateNow = w.julianDate;
   m.userTimeSet = true;
+  LoadTides(m.WorkingDay, m.WorkingYear);
   UpdateCaption();
   Redraw();
 }
@@ -203,13 +209,17 @@ void FrmChart::MinuteTick() {
   state_.moment.TodayYear = todayYear;
   MinuteWork work = Timer1Routine(state_.moment, now.tm_yday + 1, now.tm_year + 1900);
   if (!work.message.empty()) showMessage(work.message);
-  if (work.newDay) {
-    // The day's curves are rebuilt for the new day here by the tide engine.
-    state_.moment.TideDay = state_.moment.TodayDay;
-    state_.moment.TideYear = state_.moment.TodayYear;
-  }
+  if (work.newDay) LoadTides(state_.moment.TodayDay, state_.moment.TodayYear);
   UpdateCaption();
   if (!isMinimized()) Redraw();
+}
+
+void FrmChart::LoadTides(std::int16_t day, std::int16_t year) {
+  std::string message = InitialiseTides(state_.tides, state_.folders.DataRoot(), day, year,
+                                        state_.settings.SummerTime != 0);
+  state_.moment.TideDay = day;
+  state_.moment.TideYear = year;
+  if (!message.empty()) showMessage(message);
 }
 
 void FrmChart::Redraw() {

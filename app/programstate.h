@@ -9,6 +9,8 @@
 #include "core/settings.h"
 #include "core/windconfig.h"
 #include "core/workingtime.h"
+#include "routes/gpx.h"
+#include "tides/tidestate.h"
 
 namespace kelvane {
 
@@ -19,6 +21,8 @@ struct ProgramState {
   WorkingWind workingWind;
   WorkingMoment moment;
   DateFormat dateFormat;
+  GpxStore waypoints;           // ChartWaypoints of the waypoint file in use
+  TideState tides;              // reference ports and the day's curves
   float LegSpeed = 0;           // the working leg speed of the leg forms, knots
   bool UseLeewaySwitch = false; // the leg forms' working leeway switch
 };

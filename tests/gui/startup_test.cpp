@@ -21,12 +21,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A main window's state over a fresh tree, as the start form hands it on.
+// A main window's state over a fresh tree seeded with the sample data, as
+// the start form hands it on.
 ProgramState LoadedState(const TempTree& tree) {
   ProgramState state;
   state.folders = tree.folders;
   CreateDataTree(tree.folders);
-  // The sample charts, as the start form seeds them.
   SeedDataRoot(tree.folders, fs::path(KELVANE_SOURCE_DIR) / "data");
   return state;
 }
@@ -73,9 +73,12 @@ TEST(MainWindow, AcceptOpensTheChartWindow) {
   App();
   TempTree tree;
   app::Frmdisclaimer start(tree.folders);
+  std::string message;
+  start.showMessage = [&](const std::string& m) { message = m; };
   ASSERT_TRUE(start.Prepare());
   start.show();
   QTest::mouseClick(start.findChild<QPushButton*>("cmdCCok"), Qt::LeftButton);
+  EXPECT_EQ(message, "");
   app::FrmChart* chart = start.MainWindow();
   ASSERT_NE(chart, nullptr);
   EXPECT_TRUE(chart->isVisible());
@@ -107,8 +110,14 @@ TEST(MainWindow, LayerTogglesAreWrittenAtOnce) {
   App();
   TempTree tree;
   app::FrmChart chart(LoadedState(tree));
+  std::string message;
+  chart.showMessage = [&](const std::string& m) { message = m; };
   chart.Load();
   chart.show();
+  EXPECT_EQ(message, "");
+  // The load took the sample waypoints and the reference ports.
+  EXPECT_EQ(chart.State().waypoints.ChartWaypoints.size(), 49u);  // 48 marks and the blank end
+  EXPECT_FALSE(chart.State().tides.RefPortList.empty());
   ASSERT_TRUE(chart.ToolBar()->isVisible());
   // Chart boundaries start on in memory, so the first toggle turns them
   // off, and the file says so.
@@ -137,9 +146,9 @@ TEST(MainWindow, MinuteTickKeepsTheDayAndTheCaption) {
   App();
   TempTree tree;
   app::FrmChart chart(LoadedState(tree));
-  chart.Load();
   std::string message;
   chart.showMessage = [&](const std::string& m) { message = m; };
+  chart.Load();
   int redraws = 0;
   QObject::connect(&chart, &app::FrmChart::RedrawRequested, [&] { ++redraws; });
   chart.State().moment.TodayDay = 1;  // as if the program had started on New Year's Day
@@ -149,4 +158,22 @@ TEST(MainWindow, MinuteTickKeepsTheDayAndTheCaption) {
   EXPECT_NE(chart.State().moment.TodayDay, 1);
   EXPECT_EQ(message, "");
   EXPECT_EQ(redraws, 1);
+}
+
+TEST(MainWindow, ComesUpWithWhatItHasWhenTheTideFileIsMissing) {
+  App();
+  TempTree tree;
+  ProgramState state;
+  state.folders = tree.folders;
+  CreateDataTree(tree.folders);  // no sample data: no Refports.hc
+  app::FrmChart chart(state);
+  std::vector<std::string> messages;
+  chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
+  chart.Load();
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0], RefPortsMissingMessage(tree.folders.DataRoot()));
+  EXPECT_TRUE(chart.State().tides.RefPortList.empty());
+  // The sample waypoints are written at the first load all the same.
+  EXPECT_EQ(chart.State().waypoints.ChartWaypoints.size(), 49u);
+  EXPECT_TRUE(chart.Timer1().isActive());
 }
