@@ -170,8 +170,13 @@ TEST(MainWindow, ComesUpWithWhatItHasWhenTheTideFileIsMissing) {
   std::vector<std::string> messages;
   chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
   chart.Load();
-  ASSERT_EQ(messages.size(), 1u);
+  // The tide file's message, then the chart's: no area database and no
+  // chart image either.
+  ASSERT_EQ(messages.size(), 3u);
   EXPECT_EQ(messages[0], RefPortsMissingMessage(tree.folders.DataRoot()));
+  EXPECT_EQ(messages[1], "The database " + (tree.folders.DataRoot() / "Charts" / "Sample Chart.l35").string() +
+                             " could not be opened: the file is missing or can't be read");
+  EXPECT_EQ(messages[2], "error code: 1");
   EXPECT_TRUE(chart.State().tides.RefPortList.empty());
   // The sample waypoints are written at the first load all the same.
   EXPECT_EQ(chart.State().waypoints.ChartWaypoints.size(), 49u);
