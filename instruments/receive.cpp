@@ -111,4 +111,9 @@ AisDispatchResult AisSentenceDispatch(InstrumentsState& state, std::string_view 
   return result;
 }
 
+AisDispatchResult DecodeTestAid(InstrumentsState& state, const ClockReading& now) {
+  std::string body = std::string("AIVDM,1,1,,A,") + kTestAidPayload;
+  return AisSentenceDispatch(state, "!" + body + "*" + NmeaChecksum(body), now);
+}
+
 }  // namespace kelvane

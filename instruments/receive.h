@@ -66,4 +66,11 @@ void GpsSentenceFilter(InstrumentsState& state, std::string_view line, const Clo
 // a replay runs. Returns what the AIS decoder made of the line.
 AisDispatchResult AisSentenceDispatch(InstrumentsState& state, std::string_view line, const ClockReading& now);
 
+// The debug menu's test message: a fixed type-21 aid to navigation, put
+// through the AIS dispatcher as if it had been received, so the drawing of
+// aids can be tried without a receiver. (The caller also marks the AIS link
+// attached and redraws.)
+inline constexpr const char* kTestAidPayload = "E3:G4RQVTR@1T0W72V@@@@@@@@@Oue;<>Lw;0:1IQ`r@1P,4";
+AisDispatchResult DecodeTestAid(InstrumentsState& state, const ClockReading& now);
+
 }  // namespace kelvane
