@@ -145,7 +145,7 @@ int Nmea(const std::string& name, bool aisPort) {
       OwnShipJson(out, lineNo, state);
     } else {
       Json j(out);
-      j.Int("line", lineNo).Str("dropped", lines.empty() ? "no sentence" : "checksum");
+      j.Int("line", lineNo).Str("dropped", lines.empty() ? "no sentence" : "not accepted");
       j.End();
     }
     if (out.size() > 65536) {

@@ -1,6 +1,7 @@
 #include "instruments/posix_serial.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <termios.h>
@@ -152,13 +153,18 @@ int PosixSerialPorts::RI(int port) { return InputLine(port, TIOCM_RI); }
 int PosixSerialPorts::Gets(int port, char* buffer, int length) {
   Open* open = Find(port);
   if (!open || length <= 0 || open->gone) return 0;
+  // A raw terminal with no minimum count reads 0 when nothing waits, so a
+  // hang-up is told by poll: the other end of a pseudo-terminal closed, or a
+  // USB adapter pulled (then reads fail with EIO or ENODEV).
+  pollfd p{open->fd, POLLIN, 0};
+  if (::poll(&p, 1, 0) > 0 && (p.revents & (POLLHUP | POLLERR | POLLNVAL)) && !(p.revents & POLLIN)) {
+    open->gone = true;
+    return 0;
+  }
   ssize_t n = ::read(open->fd, buffer, static_cast<std::size_t>(length));
   if (n > 0) return static_cast<int>(n);
-  if (n == 0 || (errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR)) {
-    // End of file or an I/O error on a terminal: the other end hung up or
-    // the adapter was pulled. A pseudo-terminal whose master closed reads
-    // EIO, a removed USB adapter ENODEV or EIO.
-    if (n < 0) lastErrno_ = errno;
+  if (n < 0 && errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR) {
+    lastErrno_ = errno;
     open->gone = true;
   }
   CheckGone(port, *open);

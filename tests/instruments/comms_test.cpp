@@ -163,6 +163,8 @@ TEST_F(PollingLoop, PortThatDisappearsWhileAttached) {
   writer.Write(kRmc, 64);
   Tick();
   ASSERT_EQ(state_.own.GPSValid, -1);
+  for (int i = 0; i < 4; ++i) Tick();  // nothing waiting is not a hang-up
+  EXPECT_FALSE(ports_.Gone(0));
   EXPECT_EQ(CommsDetailsLines(ports_, 0)[0], "DCD Status = CLEAR(Pin 1-IN)");
   gps_->Stop();  // the adapter is pulled
   for (int i = 0; i < 10; ++i) {
