@@ -11,6 +11,7 @@
 //                        the own-ship state and the target count as they
 //                        change, and the port's line states when they change
 //                        (a port that disappears reads "Port Doesnt exist").
+#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -27,6 +28,24 @@
 namespace kelvane::cli {
 namespace {
 
+// The number text of a float. Most numbers of a decoded message are whole
+// tenths (speeds, courses, seconds, type 9 knots): their texts are made once
+// by NumberText and kept, which saves the formatting of each one.
+const std::string& FloatTextCached(int tenths) {
+  static std::vector<std::string> cache(16384);
+  std::string& text = cache[static_cast<std::size_t>(tenths)];
+  if (text.empty()) text = NumberText(static_cast<float>(tenths / 10.0));
+  return text;
+}
+
+std::string FloatText(float v) {
+  if (v >= 0 && v < 1638.0f) {
+    int tenths = RoundToInt(static_cast<double>(v) * 10.0);
+    if (static_cast<float>(tenths / 10.0) == v) return FloatTextCached(tenths);
+  }
+  return NumberText(v);
+}
+
 // A small JSON object writer into a growing text.
 class Json {
  public:
@@ -42,13 +61,13 @@ class Json {
   Json& Int(std::string_view key, long long v) {
     Key(key);
     char buf[24];
-    int n = std::snprintf(buf, sizeof buf, "%lld", v);
-    out_.append(buf, static_cast<std::size_t>(n));
+    auto end = std::to_chars(buf, buf + sizeof buf, v).ptr;
+    out_.append(buf, end);
     return *this;
   }
   Json& Num(std::string_view key, float v) {
     Key(key);
-    out_ += NumberText(v);
+    out_ += FloatText(v);
     return *this;
   }
   Json& Num(std::string_view key, double v) {

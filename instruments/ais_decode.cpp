@@ -116,8 +116,15 @@ std::int64_t AisBits::Number(std::size_t offset, std::size_t width) const {
   std::size_t length = BitLength();
   if (offset >= length) return 0;
   std::size_t end = std::min(length, offset + width);
+  // Whole six-bit groups at a time; the first and last may be partial.
   std::int64_t value = 0;
-  for (std::size_t i = offset; i < end; ++i) value = (value << 1) | Bit(i);
+  for (std::size_t i = offset; i < end;) {
+    std::size_t skip = i % 6;
+    std::size_t take = std::min<std::size_t>(6 - skip, end - i);
+    unsigned group = (sixbits_[i / 6] >> (6 - skip - take)) & ((1u << take) - 1u);
+    value = (value << take) | group;
+    i += take;
+  }
   return value;
 }
 
