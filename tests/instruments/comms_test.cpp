@@ -113,11 +113,17 @@ TEST_F(PollingLoop, PortsAlternateAndPassesFallOnTheirTicks) {
     // GPS on odd ticks, AIS on even ones.
     EXPECT_EQ(r.gpsChars >= 0, tick % 2 == 1) << tick;
     EXPECT_EQ(r.aisChars >= 0, tick % 2 == 0) << tick;
-    if (tick == 1) EXPECT_EQ(r.gpsChars, static_cast<int>(kRmc.size()));
-    if (tick == 2) EXPECT_EQ(r.aisChars, static_cast<int>(kAivdm.size()));
+    if (tick == 1) {
+      EXPECT_EQ(r.gpsChars, static_cast<int>(kRmc.size()));
+    }
+    if (tick == 2) {
+      EXPECT_EQ(r.aisChars, static_cast<int>(kAivdm.size()));
+    }
     if (r.timePass) timePasses.push_back(tick);
     if (r.displayPass) displayPasses.push_back(tick);
-    if (tick >= 3) EXPECT_EQ(r.collisionTargets, 1) << tick;
+    if (tick >= 3) {
+      EXPECT_EQ(r.collisionTargets, 1) << tick;
+    }
   }
   // The time pass on the first tick and whenever the tick count is 1: every
   // 21 ticks after the second.
@@ -169,7 +175,9 @@ TEST_F(PollingLoop, PortThatDisappearsWhileAttached) {
   gps_->Stop();  // the adapter is pulled
   for (int i = 0; i < 10; ++i) {
     TickReport r = Tick();
-    if (r.gpsChars >= 0) EXPECT_EQ(r.gpsChars, 0);
+    if (r.gpsChars >= 0) {
+      EXPECT_EQ(r.gpsChars, 0);
+    }
   }
   EXPECT_TRUE(ports_.Gone(0));
   std::vector<std::string> lines = CommsDetailsLines(ports_, 0);
