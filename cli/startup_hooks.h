@@ -4,11 +4,13 @@
 #pragma once
 
 #include "core/datatree.h"
+#include "routes/samplewaypoints.h"
 
 namespace kelvane {
 
 inline StartupHooks ProgramStartupHooks() {
   StartupHooks hooks;
+  hooks.writeSampleWaypoints = [](const Folders& folders) { WriteSampleWaypoints(folders); };
   return hooks;
 }
 

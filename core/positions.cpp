@@ -114,9 +114,13 @@ bool UsesDecimalComma() {
 
 // ---- point-decimal branch ----------------------------------------------
 
-std::string LonToTextPoint(float lon) {
-  // Whole degrees: rounded down after a small nudge for east, truncated
-  // towards zero for west, so -0.5 keeps 0 degrees and its "W".
+namespace {
+
+// Longitude: whole degrees rounded down after a small nudge for east,
+// truncated towards zero for west, so -0.5 keeps 0 degrees and its "W".
+// Minutes above 59.99 carry into the degrees. The two-decimal form cuts
+// its minutes text to five characters; the three-decimal form does not.
+std::string LonPoint(float lon, const char* minutesFormat, bool cutToFive) {
   float d = lon >= 0 ? std::floor(static_cast<float>(lon + 0.00001)) : std::trunc(lon);
   double magnitude = std::sqrt(static_cast<double>(d) * d);
   float m = std::fabs(lon - d) * 60.0f;
@@ -124,46 +128,32 @@ std::string LonToTextPoint(float lon) {
     magnitude += 1;
     m = 0;
   }
-  std::string minutes = FormatNumber(m, "00.00").substr(0, 5);
+  std::string minutes = FormatNumber(m, minutesFormat);
+  if (cutToFive) minutes = minutes.substr(0, 5);
   return FormatNumber(magnitude, "000") + "." + minutes + (lon >= 0 ? "E" : "W");
 }
 
-std::string LatToTextPoint(float lat) {
+// Latitude: whole degrees truncated; the minutes carry when their text
+// reads above 59.99, so 59.996 prints as the next degree and "00.00".
+std::string LatPoint(float lat, const char* minutesFormat, const char* zeroMinutes) {
   float d = std::trunc(lat);
   double magnitude = std::fabs(d);
   double m = (std::fabs(lat - d) + 0.00000001) * 60.0;
   if (m >= 60) magnitude += 1;
-  std::string minutes = FormatNumber(m, "00.00");
+  std::string minutes = FormatNumber(m, minutesFormat);
   if (TextValue(minutes) > 59.99) {
-    minutes = "00.00";
+    minutes = zeroMinutes;
     magnitude += 1;
   }
   return FormatNumber(magnitude, "00") + "." + minutes + (lat >= 0 ? "N" : "S");
 }
 
-std::string LonToText3Point(float lon) {
-  float d = lon >= 0 ? std::floor(static_cast<float>(lon + 0.00001)) : std::trunc(lon);
-  double magnitude = std::sqrt(static_cast<double>(d) * d);
-  float m = std::fabs(lon - d) * 60.0f;
-  if (m > 59.99f) {
-    magnitude += 1;
-    m = 0;
-  }
-  return FormatNumber(magnitude, "000") + "." + FormatNumber(m, "00.000") + (lon >= 0 ? "E" : "W");
-}
+}  // namespace
 
-std::string LatToText3Point(float lat) {
-  float d = std::trunc(lat);
-  double magnitude = std::fabs(d);
-  double m = (std::fabs(lat - d) + 0.00000001) * 60.0;
-  if (m >= 60) magnitude += 1;
-  std::string minutes = FormatNumber(m, "00.000");
-  if (TextValue(minutes) > 59.99) {
-    minutes = "00.000";
-    magnitude += 1;
-  }
-  return FormatNumber(magnitude, "00") + "." + minutes + (lat >= 0 ? "N" : "S");
-}
+std::string LonToTextPoint(float lon) { return LonPoint(lon, "00.00", true); }
+std::string LatToTextPoint(float lat) { return LatPoint(lat, "00.00", "00.00"); }
+std::string LonToText3Point(float lon) { return LonPoint(lon, "00.000", false); }
+std::string LatToText3Point(float lat) { return LatPoint(lat, "00.000", "00.000"); }
 
 // ---- comma-decimal branch ----------------------------------------------
 

@@ -59,7 +59,7 @@ WorkingWind WorkingWindFrom(const WindConfig& config) {
   WorkingWind w;
   w.speed = static_cast<float>(TextValue(config.RouteWindSpeed));
   w.direction = static_cast<float>(TextValue(config.RouteWindDir));
-  for (WindSlot& s : w.slots) s = {w.speed, w.direction};
+  for (WindSlot& s : w.windSlots) s = {w.speed, w.direction};
   return w;
 }
 

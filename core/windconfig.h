@@ -56,7 +56,7 @@ struct WindSlot {
 struct WorkingWind {
   float speed = 0;
   float direction = 0;
-  std::array<WindSlot, 25> slots{};
+  std::array<WindSlot, 25> windSlots{};
 };
 // Takes the route wind texts and fills every slot with them.
 WorkingWind WorkingWindFrom(const WindConfig& config);

@@ -16,6 +16,8 @@ PACKAGES=(
   socat gpsbabel gpsd-clients xvfb xauth sqlite3 mdbtools
   # sanitizer runtimes for the instrumented test run
   libclang-rt-14-dev
+  # the locales whose date order and weekday names the tests probe
+  locales-all
   # fonts so that offscreen widgets can render text
   fonts-dejavu-core
 )

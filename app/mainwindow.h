@@ -1,0 +1,83 @@
+// frmChart: the main window. It owns the program's state and the event
+// loop's timers, runs the load sequence, and hosts the chart, the menus,
+// the tool bar and the five status panels.
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "app/programstate.h"
+#include "core/windowtext.h"
+#include "forms/formsupport.h"
+
+class QLabel;
+class QSettings;
+class QToolBar;
+
+namespace kelvane::app {
+
+class FrmChart : public QMainWindow {
+  Q_OBJECT
+ public:
+  explicit FrmChart(ProgramState state, QWidget* parent = nullptr);
+  ~FrmChart() override;
+
+  // The load sequence of the main window, in its order.
+  void Load();
+
+  // Public operations that forms call.
+  void UpdateCaption();
+  void UpdateStatusBar();
+
+  ProgramState& State() { return state_; }
+  QAction* Action(const std::string& name) const;
+  QLabel* StatusPanel(int number) const;  // 1 .. 5
+  QToolBar* ToolBar() const { return toolBar_; }
+  QTimer& Timer1() { return timer1_; }
+  ModeFlags& Mode() { return mode_; }
+
+  // The minute's work of the idle tick: read the clock, run the routine,
+  // redraw. Public so that a test need not wait a minute.
+  void MinuteTick();
+  // The settings forms, run as the menus run them.
+  void RunConfigure(int variant);
+  void RunTimeDate();
+
+  forms::MessageSink showMessage;
+
+ signals:
+  void RedrawRequested();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+
+ private:
+  void BuildToolBar();
+  void ConnectMenus();
+  void ToggleSetting(const std::string& action);
+  void Timer1_Timer();
+  void SaveGeometry();
+  void RestoreGeometry();
+  void Shutdown();
+  void Redraw();
+  // Loads the reference ports and the curves of a day; a failure is shown
+  // and the window goes on without curves.
+  void LoadTides(std::int16_t day, std::int16_t year);
+
+  ProgramState state_;
+  std::map<std::string, QAction*> actions_;
+  QLabel* panels_[5] = {};
+  QToolBar* toolBar_ = nullptr;
+  QTimer timer1_;
+  IdleTicker ticker_;
+  ModeFlags mode_;
+  std::unique_ptr<QSettings> windowStore_;
+  bool loaded_ = false;
+};
+
+}  // namespace kelvane::app

@@ -1,1 +1,0 @@
-// The main window library starts here; see mainwindow.h once it exists.

@@ -1,0 +1,24 @@
+#include "forms/filelist.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "forms/messages.h"
+
+namespace kelvane::forms {
+
+void FillFileList(QListWidget* list, const std::filesystem::path& folder, const std::string& extension) {
+  list->clear();
+  std::vector<std::string> names;
+  std::error_code ec;
+  for (auto it = std::filesystem::directory_iterator(folder, ec); !ec && it != std::filesystem::directory_iterator();
+       it.increment(ec)) {
+    std::string ext = it->path().extension().string();
+    std::transform(ext.begin(), ext.end(), ext.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (it->is_regular_file() && ext == extension) names.push_back(it->path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  for (const std::string& n : names) list->addItem(ToQString(n));
+}
+
+}  // namespace kelvane::forms

@@ -1,0 +1,41 @@
+// frmPortName: choose the port of the tide window from the current area
+// file. The list shows "NAME  12"; choosing a line shows its name and
+// number; OK stores the number (when at least 1) and the name in the
+// settings file and closes, after which the caller refreshes the tide window
+// for ChosenPort().
+#pragma once
+
+#include <QDialog>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "tides/portselect.h"
+
+class QLabel;
+class QListWidget;
+class QPushButton;
+
+namespace kelvane::forms {
+
+class frmPortName : public QDialog {
+  Q_OBJECT
+ public:
+  frmPortName(const std::filesystem::path& areaFile, const std::filesystem::path& settingsFile, int storedPort,
+              QWidget* parent = nullptr);
+  int ChosenPort() const { return chosen_; }
+
+  QListWidget* portlist2 = nullptr;
+  QLabel* portconfigbox = nullptr;
+  QLabel* confportnolabel = nullptr;
+  QPushButton* portconfigok = nullptr;
+
+ private:
+  void Choose(int row);
+  void OnOK();
+  std::filesystem::path settingsFile_;
+  std::vector<PortListEntry> lines_;
+  int chosen_ = 0;
+};
+
+}  // namespace kelvane::forms

@@ -1,0 +1,47 @@
+// Support for widget tests: one QApplication for the test program, and
+// temporary folders for the program's data tree.
+#pragma once
+
+#include <QApplication>
+#include <QDir>
+#include <QWidget>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "core/datatree.h"
+#include "support/tempdir.h"
+
+namespace kelvane::test {
+
+inline QApplication& App() {
+  static int argc = 1;
+  static char name[] = "test_gui";
+  static char* argv[] = {name, nullptr};
+  static QApplication* app = [] {
+    if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    return new QApplication(argc, argv);
+  }();
+  return *app;
+}
+
+// The program's three folders inside a temporary folder.
+struct TempTree {
+  TempDir dir;
+  Folders folders;
+  TempTree() {
+    folders.programFolder = dir.path / "data";
+    folders.userFolder = dir.path / "user";
+    folders.picturesFolder = dir.path / "pics";
+  }
+};
+
+// Saves a picture of a window when KELVANE_SCREENSHOT_DIR names a folder.
+inline void Screenshot(QWidget* w, const char* name) {
+  const char* dir = std::getenv("KELVANE_SCREENSHOT_DIR");
+  if (!dir || !*dir) return;
+  QDir().mkpath(dir);
+  w->grab().save(QString(dir) + "/" + name + ".png");
+}
+
+}  // namespace kelvane::test

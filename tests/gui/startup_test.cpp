@@ -1,0 +1,179 @@
+// The start form and the main window shell, with real widgets over a data
+// tree in a temporary folder.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+#include <QToolBar>
+
+#include "app/frmdisclaimer.h"
+#include "app/mainwindow.h"
+#include "core/settings.h"
+#include "gui_support.h"
+
+using namespace kelvane;
+using namespace kelvane::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+// A main window's state over a fresh tree seeded with the sample data, as
+// the start form hands it on.
+ProgramState LoadedState(const TempTree& tree) {
+  ProgramState state;
+  state.folders = tree.folders;
+  CreateDataTree(tree.folders);
+  SeedDataRoot(tree.folders, fs::path(KELVANE_SOURCE_DIR) / "data");
+  return state;
+}
+
+}  // namespace
+
+TEST(StartForm, NoticesAndDecline) {
+  App();
+  TempTree tree;
+  app::Frmdisclaimer start(tree.folders);
+  int ended = -1;
+  start.endProgram = [&](int code) { ended = code; };
+  ASSERT_TRUE(start.Prepare());
+  start.show();
+  EXPECT_TRUE(start.windowTitle().startsWith("Kelvane "));
+  auto* list = start.findChild<QListWidget*>("lstNotices");
+  ASSERT_NE(list, nullptr);
+  EXPECT_FALSE(list->findItems("Please ensure that configurations are correct for your area.", Qt::MatchExactly).isEmpty());
+  Screenshot(&start, "start-form");
+  // The tree is laid out before the user answers...
+  EXPECT_TRUE(fs::is_directory(tree.folders.WaypointsFolder()));
+  EXPECT_TRUE(fs::is_directory(tree.folders.SitePicturesFolder()));
+  // ...and declining ends at once, having touched nothing but the tree.
+  QTest::mouseClick(start.findChild<QPushButton*>("cmddecline"), Qt::LeftButton);
+  EXPECT_EQ(ended, 0);
+  EXPECT_FALSE(fs::exists(tree.folders.SettingsFile()));
+  EXPECT_FALSE(fs::exists(tree.folders.WindConfigFile()));
+}
+
+TEST(StartForm, RestoreDefaultsConfirms) {
+  App();
+  TempTree tree;
+  app::Frmdisclaimer start(tree.folders);
+  std::string message;
+  start.showMessage = [&](const std::string& m) { message = m; };
+  ASSERT_TRUE(start.Prepare());
+  start.findChild<QAction*>("mnuRestoreDefaults")->trigger();
+  EXPECT_EQ(message, "Settings restored to defaults");
+  EXPECT_EQ(fs::file_size(tree.folders.SettingsFile()), 3582u);
+  EXPECT_EQ(fs::file_size(tree.folders.WindConfigFile()), 24u);
+}
+
+TEST(MainWindow, AcceptOpensTheChartWindow) {
+  App();
+  TempTree tree;
+  app::Frmdisclaimer start(tree.folders);
+  std::string message;
+  start.showMessage = [&](const std::string& m) { message = m; };
+  ASSERT_TRUE(start.Prepare());
+  start.show();
+  QTest::mouseClick(start.findChild<QPushButton*>("cmdCCok"), Qt::LeftButton);
+  EXPECT_EQ(message, "");
+  app::FrmChart* chart = start.MainWindow();
+  ASSERT_NE(chart, nullptr);
+  EXPECT_TRUE(chart->isVisible());
+  EXPECT_FALSE(start.isVisible());
+
+  // The load wrote the first-run files.
+  EXPECT_EQ(fs::file_size(tree.folders.SettingsFile()), 3582u);
+  EXPECT_TRUE(fs::exists(tree.folders.WindConfigFile()));
+  // Caption and status panels.
+  EXPECT_TRUE(chart->windowTitle().startsWith("Kelvane - Selected Time = ")) << chart->windowTitle().toStdString();
+  EXPECT_EQ(chart->StatusPanel(2)->text().toStdString(), "Chart in use = Sample Chart : 9999-1.cht : []");
+  EXPECT_EQ(chart->StatusPanel(3)->text().toStdString(), "Waypoints = Sample.gpx");
+  EXPECT_EQ(chart->StatusPanel(4)->text().toStdString(), "");
+  // Chart boundaries show for the first chart whatever the file says, but
+  // the file is not changed for it.
+  EXPECT_EQ(chart->State().settings.ShowChartBoundaries, -1);
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).ShowChartBoundaries, 0);
+  EXPECT_EQ(chart->State().LegSpeed, 5.0f);
+  // Menus of work still to come are there but disabled.
+  ASSERT_NE(chart->Action("mnucalcrte"), nullptr);
+  EXPECT_FALSE(chart->Action("mnucalcrte")->isEnabled());
+  EXPECT_TRUE(chart->Action("mnuExit")->isEnabled());
+  EXPECT_TRUE(chart->Timer1().isActive());
+  Screenshot(chart, "main-window");
+  chart->close();
+}
+
+TEST(MainWindow, LayerTogglesAreWrittenAtOnce) {
+  App();
+  TempTree tree;
+  app::FrmChart chart(LoadedState(tree));
+  std::string message;
+  chart.showMessage = [&](const std::string& m) { message = m; };
+  chart.Load();
+  chart.show();
+  EXPECT_EQ(message, "");
+  // The load took the sample waypoints and the reference ports.
+  EXPECT_EQ(chart.State().waypoints.ChartWaypoints.size(), 49u);  // 48 marks and the blank end
+  EXPECT_FALSE(chart.State().tides.RefPortList.empty());
+  ASSERT_TRUE(chart.ToolBar()->isVisible());
+  // Chart boundaries start on in memory, so the first toggle turns them
+  // off, and the file says so.
+  chart.Action("mnuViewChartBoundaries")->trigger();
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).ShowChartBoundaries, 0);
+  chart.Action("mnuViewChartBoundaries")->trigger();
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).ShowChartBoundaries, -1);
+  chart.Action("mnuShowToolBar")->trigger();
+  EXPECT_FALSE(chart.ToolBar()->isVisible());
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).ShowToolBar, 0);
+  chart.Action("mnuShowToolBar")->trigger();
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).ShowToolBar, -1);
+  chart.Action("mnuShowTidalStreams")->trigger();
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).ShowTidalStreams, 0.0f);
+  chart.Action("mnuShowTidalStreams")->trigger();
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).ShowTidalStreams, 1.0f);
+  // Window geometry lives in the per-user store under "Settings".
+  chart.resize(700, 500);
+  chart.close();
+  QSettings store(QString::fromStdString((tree.folders.UserFiles() / "Kelvane.ini").string()), QSettings::IniFormat);
+  EXPECT_EQ(store.value("Settings/Width").toInt(), 700);
+  EXPECT_EQ(store.value("Settings/Height").toInt(), 500);
+}
+
+TEST(MainWindow, MinuteTickKeepsTheDayAndTheCaption) {
+  App();
+  TempTree tree;
+  app::FrmChart chart(LoadedState(tree));
+  std::string message;
+  chart.showMessage = [&](const std::string& m) { message = m; };
+  chart.Load();
+  int redraws = 0;
+  QObject::connect(&chart, &app::FrmChart::RedrawRequested, [&] { ++redraws; });
+  chart.State().moment.TodayDay = 1;  // as if the program had started on New Year's Day
+  chart.State().moment.TodayYear = 2000;
+  chart.MinuteTick();
+  EXPECT_EQ(chart.State().moment.TideDay, chart.State().moment.TodayDay);
+  EXPECT_NE(chart.State().moment.TodayDay, 1);
+  EXPECT_EQ(message, "");
+  EXPECT_EQ(redraws, 1);
+}
+
+TEST(MainWindow, ComesUpWithWhatItHasWhenTheTideFileIsMissing) {
+  App();
+  TempTree tree;
+  ProgramState state;
+  state.folders = tree.folders;
+  CreateDataTree(tree.folders);  // no sample data: no Refports.hc
+  app::FrmChart chart(state);
+  std::vector<std::string> messages;
+  chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
+  chart.Load();
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0], RefPortsMissingMessage(tree.folders.DataRoot()));
+  EXPECT_TRUE(chart.State().tides.RefPortList.empty());
+  // The sample waypoints are written at the first load all the same.
+  EXPECT_EQ(chart.State().waypoints.ChartWaypoints.size(), 49u);
+  EXPECT_TRUE(chart.Timer1().isActive());
+}

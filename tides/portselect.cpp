@@ -1,0 +1,70 @@
+#include "tides/portselect.h"
+
+#include <algorithm>
+
+#include "core/settings.h"
+#include "tides/harmonicfile.h"
+
+namespace kelvane {
+namespace {
+
+std::string Trim(const std::string& text) {
+  const auto first = text.find_first_not_of(" \t");
+  if (first == std::string::npos) return "";
+  const auto last = text.find_last_not_of(" \t");
+  return text.substr(first, last - first + 1);
+}
+
+}  // namespace
+
+std::vector<std::string> AreaFileNames(const std::filesystem::path& tsFolder) {
+  std::vector<std::string> names;
+  std::error_code ec;
+  for (const auto& entry : std::filesystem::directory_iterator(tsFolder, ec)) {
+    const std::string ext = entry.path().extension().string();
+    if (entry.is_regular_file(ec) && (ext == ".hc" || ext == ".HC" || ext == ".Hc" || ext == ".hC"))
+      names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string CheckAreaChoice(const std::string& label) {
+  if (label.empty()) return "Select a file by clicking a name in the list, followed by the OK button";
+  if (label.find(".hc") == std::string::npos && label.find(".HC") == std::string::npos)
+    return "Problem with the area file name";
+  return "";
+}
+
+bool StoreAreaChoice(const std::filesystem::path& settingsFile, const std::string& label) {
+  SettingsRecord settings = ReadSettings(settingsFile);
+  settings.HarmonicFile = Trim(label);
+  return WriteSettings(settingsFile, settings);
+}
+
+std::vector<PortListEntry> PortListLines(const std::filesystem::path& areaFile) {
+  std::vector<PortListEntry> lines;
+  auto records = ReadHarmonicFile(areaFile, NameLayout::kArea31);
+  if (!records) return lines;
+  int recordNo = 0;
+  for (const HarmonicPortRecord& r : *records) {
+    ++recordNo;
+    lines.push_back({r.PortName + "  " + std::to_string(recordNo), recordNo, r.PortName});
+  }
+  return lines;
+}
+
+int CurrentPortNumber(int stored, int recordCount) {
+  if (stored == 0 || stored > recordCount) return 1;
+  return stored;
+}
+
+bool StorePortChoice(const std::filesystem::path& settingsFile, int recordNo, const std::string& name) {
+  if (recordNo < 1) return false;
+  SettingsRecord settings = ReadSettings(settingsFile);
+  settings.PortIndex = static_cast<std::int16_t>(recordNo);
+  settings.Port = name;
+  return WriteSettings(settingsFile, settings);
+}
+
+}  // namespace kelvane

@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Pictures of the program's windows under a real X server (Xvfb): runs the
+# widget tests on the xcb platform with KELVANE_SCREENSHOT_DIR set, so that
+# each test that shows a window saves a picture of it.
+#   bash tools/screenshots.sh [OUTPUT_FOLDER] [BUILD_FOLDER]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+OUT=${1:-build/screenshots}
+BUILD=${2:-build}
+mkdir -p "$OUT"
+QT_QPA_PLATFORM=xcb KELVANE_SCREENSHOT_DIR="$(realpath "$OUT")" \
+  xvfb-run -a -s "-screen 0 1280x900x24" "$BUILD/tests/gui/test_gui"
+ls -l "$OUT"
