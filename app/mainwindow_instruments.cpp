@@ -201,8 +201,10 @@ void InstrumentsController::mnuDecode21_Click() {
 void InstrumentsController::CommsTimer_Timer() {
   commsTimer_.stop();
   TickReport report = CommsTick(comms_, state_, *ports_, ClockNow(), Hooks());
-  if (monitor_ && monitor_->isVisible() && report.gpsChars > 0)
-    monitor_->Refresh(state_, CommsDetailsLines(*ports_, comms_.GPSPort));
+  // The monitor follows every tick, not only those with data, so that its
+  // line states tell the user at once when the port has gone.
+  (void)report;
+  if (monitor_ && monitor_->isVisible()) monitor_->Refresh(state_, CommsDetailsLines(*ports_, comms_.GPSPort));
   SyncTimers();
 }
 

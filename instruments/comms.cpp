@@ -121,6 +121,8 @@ TickReport CommsTick(CommsState& comms, InstrumentsState& state, SerialPorts& po
   if (comms.debugPanel) comms.statusPanel = "Comms interrupts = " + std::to_string(comms.TickCount);
   comms.TickCount = static_cast<std::int16_t>(comms.TickCount + 1);
 
+  // The clock word moves only at time passes (every 21 ticks), so a short
+  // interval flushes at the first time pass after it falls due.
   if (comms.JulianNow >= comms.NextLogFlush || comms.firstTick) {
     Call(hooks.flushLog);
     state.seen.ClearForFlush();
