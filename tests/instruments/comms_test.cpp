@@ -189,6 +189,17 @@ TEST_F(PollingLoop, PortThatDisappearsWhileAttached) {
   EXPECT_TRUE(comms_.timer1Enabled);
 }
 
+TEST_F(PollingLoop, ReadAndClearTakesAFreshSample) {
+  ASSERT_TRUE(OpenPort(ports_, 0, 4).ok);
+  PacedWriter writer(gps_->a(), 4800);
+  writer.Write(kRmc + kRmb, 64);
+  std::string sample = ReadAndClear(ports_, 0);
+  EXPECT_EQ(sample, kRmc + kRmb);
+  EXPECT_EQ(ReadAndClear(ports_, 0), "");
+  EXPECT_EQ(OpenPort(ports_, 0, 4).message, "COM port already open");
+  ports_.Done(0);
+}
+
 TEST(Attach, MessagesWhenThePortIsAbsent) {
   PosixSerialPorts ports;
   ports.SetDevice(0, "/nonexistent/kelvane-tty");
