@@ -74,7 +74,7 @@ struct AisTargetTable {
 };
 
 // Dead reckoning: the position after `minutes` at `speed` knots on `course`
-// degrees true, plane sailing from the start (Part of the position library:
+// degrees true, plane sailing from the start (through the position library:
 // BearingToComponents and OffsetPosition). With BoatFutureTidePlot on and a
 // stream known at the start, the stream's run over the same minutes is
 // added.
