@@ -9,6 +9,7 @@
 #include <QToolBar>
 
 #include "app/mainmenus.h"
+#include "app/mainwindow_instruments.h"
 #include "cli/startup_hooks.h"
 #include "core/settings.h"
 #include "forms/frmconfigure.h"
@@ -34,6 +35,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent) : QMainWindow(parent), s
   setCentralWidget(placeholder);
   InstallChart();
   ConnectMenus();
+  instruments_ = new InstrumentsController(*this);
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);
 }
@@ -266,6 +268,7 @@ void FrmChart::Shutdown() {
   // Close the instrument ports here, each on its own; the settings were
   // written when they changed.
   timer1_.stop();
+  if (instruments_) instruments_->Shutdown();
   if (windowStore_) windowStore_->sync();
 }
 

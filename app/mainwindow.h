@@ -20,6 +20,7 @@ class QToolBar;
 namespace kelvane::app {
 
 class ChartPane;
+class InstrumentsController;
 
 class FrmChart : public QMainWindow {
   Q_OBJECT
@@ -39,6 +40,7 @@ class FrmChart : public QMainWindow {
   QLabel* StatusPanel(int number) const;  // 1 .. 5
   QToolBar* ToolBar() const { return toolBar_; }
   QTimer& Timer1() { return timer1_; }
+  InstrumentsController* Instruments() const { return instruments_; }
   ModeFlags& Mode() { return mode_; }
 
   // The minute's work of the idle tick: read the clock, run the routine,
@@ -86,6 +88,7 @@ class FrmChart : public QMainWindow {
   ModeFlags mode_;
   std::unique_ptr<QSettings> windowStore_;
   bool loaded_ = false;
+  InstrumentsController* instruments_ = nullptr;  // a child of the window
 };
 
 }  // namespace kelvane::app

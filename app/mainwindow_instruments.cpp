@@ -1,0 +1,217 @@
+#include "app/mainwindow_instruments.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "app/mainwindow.h"
+#include "core/settings.h"
+#include "forms/frmAISGPSConfig.h"
+#include "forms/frmAISSummary.h"
+#include "forms/frmCommsInfo.h"
+#include "forms/frmGPSConfig.h"
+#include "forms/frmgpsdetail.h"
+#include "forms/messages.h"
+
+namespace kelvane::app {
+
+InstrumentsController::InstrumentsController(FrmChart& chart) : QObject(&chart), chart_(chart) {
+  setObjectName("Instruments");
+  ports_ = std::make_unique<QtSerialPorts>(ProgramSerialDevices(StoreFile()));
+  commsTimer_.setInterval(kCommsTimerInterval);
+  connect(&commsTimer_, &QTimer::timeout, this, &InstrumentsController::CommsTimer_Timer);
+  ConnectMenus();
+}
+
+InstrumentsController::~InstrumentsController() { commsTimer_.stop(); }
+
+std::string InstrumentsController::StoreFile() const {
+  return (chart_.State().folders.UserFiles() / "Kelvane.ini").string();
+}
+
+void InstrumentsController::SetDevices(std::vector<std::string> devices) {
+  ports_ = std::make_unique<QtSerialPorts>(std::move(devices));
+}
+
+void InstrumentsController::ConnectMenus() {
+  auto enable = [this](const char* name, auto handler) {
+    if (QAction* a = chart_.Action(name)) {
+      a->setEnabled(true);
+      connect(a, &QAction::triggered, this, handler);
+    }
+  };
+  enable("mnuGPSattach", [this] { mnuGPSattach_Click(); });
+  enable("mnuPosGpsDisconnect", [this] { mnuPosGpsDisconnect_Click(); });
+  enable("mnuAISEnable", [this] { mnuAISEnable_Click(); });
+  enable("mnuAISDisable", [this] { mnuAISDisable_Click(); });
+  enable("mnuDecode21", [this] { mnuDecode21_Click(); });
+  enable("mnuShowAISDetails", [this] {
+    SettingsRecord& s = chart_.State().settings;
+    s.ShowAISDetails = s.ShowAISDetails != 0 ? 0 : -1;
+    for (AISTarget& t : state_.targets.AISTargets) t.ShowDetails = s.ShowAISDetails;
+    SaveSettings();
+  });
+  enable("mnuAISDisplayPredicted", [this] {
+    SettingsRecord& s = chart_.State().settings;
+    s.AISPredTrack = s.AISPredTrack != 0 ? 0 : -1;
+    SaveSettings();
+  });
+  enable("mnuAISShowHeadVect", [this] {
+    SettingsRecord& s = chart_.State().settings;
+    s.AISHeadingVector = s.AISHeadingVector != 0 ? 0 : -1;
+    SaveSettings();
+  });
+  enable("mnuCopyComPortDetails", [this] {
+    WithPortsClosed([this] {
+      forms::FrmCommsInfo form(*ports_, ports_->Devices(), &chart_);
+      form.exec();
+    });
+  });
+  // The entries of this subsystem that the menu table does not carry.
+  QMenu* menu = chart_.menuBar()->findChild<QMenu*>("menuInstruments");
+  if (!menu) return;
+  menu->addSeparator();
+  auto add = [&](const char* name, const char* caption, auto handler) {
+    QAction* a = menu->addAction(caption);
+    a->setObjectName(name);
+    connect(a, &QAction::triggered, this, handler);
+  };
+  add("mnuConfigureGPS", "Configure GPS...", [this] {
+    WithPortsClosed([this] {
+      forms::FrmGPSConfig form(chart_.State().folders.SettingsFile(), *ports_, ports_->Devices(), &chart_);
+      if (form.exec() == QDialog::Accepted) chart_.State().settings = form.Record();
+    });
+  });
+  add("mnuConfigureAIS", "Configure GPS/AIS...", [this] {
+    WithPortsClosed([this] {
+      forms::FrmAISGPSConfig form(chart_.State().folders.SettingsFile(), *ports_, ports_->Devices(), &chart_);
+      if (form.exec() == QDialog::Accepted) chart_.State().settings = form.Record();
+    });
+    UpdateMenus();
+  });
+  add("mnuGPSMonitor", "GPS Monitor...", [this] {
+    if (!monitor_) monitor_ = new forms::FrmGpsDetail(&chart_);
+    monitor_->Refresh(state_, CommsDetailsLines(*ports_, comms_.GPSPort));
+    monitor_->show();
+  });
+  add("mnuAISSummary", "AIS Targets...", [this] {
+    forms::FrmAISSummary form(state_.targets, state_.own, ClockNow().Hours(), &chart_);
+    form.exec();
+  });
+  UpdateMenus();
+}
+
+void InstrumentsController::TakeSettings() {
+  const SettingsRecord& s = chart_.State().settings;
+  comms_.GPSPort = s.GPSPort;
+  comms_.GPSBaudCode = s.GPSBaudCode;
+  comms_.AISPort = s.AISPort;
+  comms_.AISBaudCode = s.AISBaudCode;
+  comms_.GPSInterval = s.GPSInterval > 0 ? s.GPSInterval : 5;
+  comms_.GPSCentre = s.GPSCentre;
+  state_.GPSThroAIS = s.GPSThroAIS;
+  state_.targets.settings.AheadVector = s.AheadVector;
+  state_.targets.settings.AheadIntervals = s.AheadIntervals;
+  state_.targets.settings.BoatFutureTidePlot = s.BoatFutureTidePlot;
+  state_.targets.settings.ShowAISDetails = s.ShowAISDetails;
+}
+
+void InstrumentsController::SaveSettings() {
+  WriteSettings(chart_.State().folders.SettingsFile(), chart_.State().settings);
+}
+
+void InstrumentsController::UpdateMenus() {
+  bool throAis = chart_.State().settings.GPSThroAIS != 0;
+  if (QAction* a = chart_.Action("mnuAISEnable")) a->setText(throAis ? "Attach AIS/GPS" : "Attach AIS");
+  if (QAction* a = chart_.Action("mnuAISDisable")) a->setText(throAis ? "Detach AIS/GPS" : "Detach AIS");
+  if (QAction* a = chart_.Action("mnuGPSattach")) a->setText(comms_.GPSPortOpen != 0 ? "Detach GPS" : "Attach GPS");
+}
+
+void InstrumentsController::SyncTimers() {
+  if (comms_.commsTimerEnabled) {
+    if (!commsTimer_.isActive()) commsTimer_.start();
+  } else {
+    commsTimer_.stop();
+  }
+  if (comms_.timer1Enabled) {
+    if (!chart_.Timer1().isActive()) chart_.Timer1().start();
+  } else {
+    chart_.Timer1().stop();
+  }
+  UpdateMenus();
+}
+
+CommsHooks InstrumentsController::Hooks() {
+  CommsHooks hooks;
+  hooks.timer1Routine = [this] { chart_.MinuteTick(); };
+  hooks.redrawOverlays = [this] { emit chart_.RedrawRequested(); };
+  hooks.pumpEvents = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
+  return hooks;
+}
+
+template <typename Run>
+void InstrumentsController::WithPortsClosed(Run run) {
+  bool gps = comms_.GPSPortOpen != 0, ais = comms_.AISPortOpen != 0;
+  commsTimer_.stop();
+  if (gps) ports_->Done(comms_.GPSPort);
+  if (ais) ports_->Done(comms_.AISPort);
+  run();
+  if (gps) OpenPort(*ports_, comms_.GPSPort, comms_.GPSBaudCode);
+  if (ais) OpenPort(*ports_, comms_.AISPort, comms_.AISBaudCode);
+  SyncTimers();
+}
+
+void InstrumentsController::mnuGPSattach_Click() {
+  if (comms_.GPSPortOpen != 0) {  // the entry is a toggle
+    mnuPosGpsDisconnect_Click();
+    return;
+  }
+  TakeSettings();
+  AttachResult r = AttachGps(comms_, *ports_, ClockNow(), Hooks());
+  if (!r.ok) chart_.showMessage(r.message);
+  SyncTimers();
+}
+
+void InstrumentsController::mnuPosGpsDisconnect_Click() {
+  DetachGps(comms_, *ports_);
+  if (monitor_) monitor_->HideGPSMonWaySetails();
+  SyncTimers();
+}
+
+void InstrumentsController::mnuAISEnable_Click() {
+  TakeSettings();
+  AttachResult r = AttachAis(comms_, state_, *ports_, ClockNow(), Hooks());
+  if (!r.ok) chart_.showMessage(r.message);
+  SyncTimers();
+}
+
+void InstrumentsController::mnuAISDisable_Click() {
+  if (!forms::AskYesNo(&chart_, kDisableAisQuestion)) return;
+  DetachAis(comms_, state_, *ports_);
+  SyncTimers();
+}
+
+void InstrumentsController::mnuDecode21_Click() {
+  comms_.AISAttached = -1;
+  DecodeTestAid(state_, ClockNow());
+  emit chart_.RedrawRequested();
+}
+
+void InstrumentsController::CommsTimer_Timer() {
+  commsTimer_.stop();
+  TickReport report = CommsTick(comms_, state_, *ports_, ClockNow(), Hooks());
+  // The monitor follows every tick, not only those with data, so that its
+  // line states tell the user at once when the port has gone.
+  (void)report;
+  if (monitor_ && monitor_->isVisible()) monitor_->Refresh(state_, CommsDetailsLines(*ports_, comms_.GPSPort));
+  SyncTimers();
+}
+
+void InstrumentsController::Shutdown() {
+  commsTimer_.stop();
+  ports_->Done(comms_.GPSPort);
+  if (comms_.AISPort >= 0) ports_->Done(comms_.AISPort);
+}
+
+}  // namespace kelvane::app

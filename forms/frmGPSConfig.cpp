@@ -1,0 +1,139 @@
+#include "forms/frmGPSConfig.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QVBoxLayout>
+
+#include "core/format.h"
+#include "instruments/comms_forms.h"
+
+namespace kelvane::forms {
+
+FrmGPSConfig::FrmGPSConfig(std::filesystem::path settingsFile, SerialPorts& ports, std::vector<std::string> devices,
+                           QWidget* parent)
+    : FrmGPSConfig(std::move(settingsFile), ports, std::move(devices), 4096, parent) {
+  setObjectName("frmGPSConfig");
+  setWindowTitle("Configure GPS");
+}
+
+FrmGPSConfig::FrmGPSConfig(std::filesystem::path settingsFile, SerialPorts& ports, std::vector<std::string> devices,
+                           int queueSize, QWidget* parent)
+    : QDialog(parent), file_(std::move(settingsFile)), devices_(std::move(devices)) {
+  showMessage = DefaultMessageSink(this);
+  record_ = ReadSettings(file_);
+  found_ = ScanPorts(ports, queueSize);
+  Build();
+}
+
+std::string FrmGPSConfig::PortText(int port) const {
+  std::string text = "COM" + std::to_string(port + 1);
+  if (port >= 0 && port < static_cast<int>(devices_.size())) text += "  " + devices_[static_cast<std::size_t>(port)];
+  return text;
+}
+
+int FrmGPSConfig::PortOfText(const std::string& text) const {
+  if (text.rfind("COM", 0) != 0) return -1;
+  return static_cast<int>(TextValue(text.substr(3))) - 1;
+}
+
+QComboBox* FrmGPSConfig::Combo(const char* name, const std::vector<std::string>& entries, const std::string& current) {
+  QComboBox* c = MakeCombo(this, name, entries, current);
+  controls_[name] = c;
+  return c;
+}
+
+QComboBox* FrmGPSConfig::FixedCombo(const char* name, const std::vector<std::string>& entries,
+                                    const std::string& current) {
+  QComboBox* c = Combo(name, entries, current);
+  c->setEditable(false);
+  c->setCurrentIndex(std::max(0, c->findText(QString::fromStdString(current))));
+  return c;
+}
+
+QCheckBox* FrmGPSConfig::Check(const char* name, const char* caption, bool on) {
+  auto* c = new QCheckBox(caption, this);
+  c->setObjectName(name);
+  c->setChecked(on);
+  controls_[name] = c;
+  return c;
+}
+
+void FrmGPSConfig::Build() {
+  auto* outer = new QVBoxLayout(this);
+  layout_ = new QFormLayout;
+  outer->addLayout(layout_);
+  std::vector<std::string> ports;
+  for (int p : found_) ports.push_back(PortText(p));
+  layout_->addRow("GPS port", Combo("cmbGPSPort", ports, PortText(record_.GPSPort)));
+  std::vector<std::string> types;
+  for (const GpsType& t : GpsTypes()) types.push_back(t.text);
+  layout_->addRow("GPS type", FixedCombo("cmbGPSType", types, record_.GPSType));
+  std::vector<std::string> intervals;
+  for (const IntervalChoice& c : GpsIntervalChoices()) intervals.push_back(c.text);
+  layout_->addRow("Log interval", FixedCombo("cmbGPSInterval", intervals, GpsIntervalText(record_.GPSInterval)));
+  layout_->addRow("Ahead vector (min)", Combo("cmbAheadVector", AheadIntervalChoices(), NumberText(record_.AheadVector)));
+  layout_->addRow("Ahead intervals (min)",
+                  Combo("cmbAheadIntervals", AheadIntervalChoices(), NumberText(record_.AheadIntervals)));
+  const std::vector<std::string> ranges = {"1", "2", "5", "10", "15", "20", "25", "30"};
+  layout_->addRow("VHF range (nm)", Combo("cmbVHFRange", ranges, NumberText(record_.VHFRange)));
+  layout_->addRow("Radar range (nm)", Combo("cmbRadarRange", ranges, NumberText(record_.RadarRange)));
+  layout_->addRow("Horizon (nm)", Combo("cmbHorizion", ranges, NumberText(record_.HorizonRange)));
+  auto* colour = new ColourButton(this, "cmdBoatColour", record_.GPSColour);
+  controls_["cmdBoatColour"] = colour;
+  layout_->addRow("Boat colour", colour);
+  layout_->addRow("Boat line width",
+                  Combo("cmbBoatLineWidth", {"1", "2", "3", "4", "5"}, std::to_string(record_.BoatLineWidth)));
+  layout_->addRow(Check("chkGPSCentre", "Keep boat centred", record_.GPSCentre != 0));
+  layout_->addRow(Check("chkEnableRings", "Range rings", record_.EnableRings != 0));
+  layout_->addRow(Check("chkcomments", "Track comments", true));
+  layout_->addRow(Check("chktracklayer", "Track layer", record_.TrackLayer != 0));
+  layout_->addRow(Check("chkBoatFutureTidePlot", "Predict with tidal stream", record_.BoatFutureTidePlot != 0));
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  buttons->button(QDialogButtonBox::Ok)->setObjectName("cmdOK");
+  buttons->button(QDialogButtonBox::Cancel)->setObjectName("cmdCancel");
+  connect(buttons, &QDialogButtonBox::accepted, this, [this] {
+    if (cmdOK_Click()) accept();
+  });
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  outer->addWidget(buttons);
+}
+
+namespace {
+std::int16_t Flag(QWidget* w) { return static_cast<QCheckBox*>(w)->isChecked() ? -1 : 0; }
+std::string Text(QWidget* w) { return ComboText(static_cast<QComboBox*>(w)); }
+}  // namespace
+
+void FrmGPSConfig::ReadControls() {
+  int port = PortOfText(Text(controls_["cmbGPSPort"]));
+  if (port >= 0) record_.GPSPort = static_cast<std::int16_t>(port);
+  auto* type = static_cast<QComboBox*>(controls_["cmbGPSType"]);
+  record_.GPSType = type->currentText().toStdString();
+  record_.GPSBaudCode = static_cast<std::int16_t>(GpsTypeBaudCode(type->currentIndex() + 1));
+  auto* interval = static_cast<QComboBox*>(controls_["cmbGPSInterval"]);
+  record_.GPSInterval = static_cast<std::int16_t>(GpsIntervalChoices()[static_cast<std::size_t>(
+      std::max(0, interval->currentIndex()))].seconds);
+  record_.AheadVector = static_cast<float>(TextValue(Text(controls_["cmbAheadVector"])));
+  record_.AheadIntervals = static_cast<float>(TextValue(Text(controls_["cmbAheadIntervals"])));
+  record_.VHFRange = static_cast<float>(TextValue(Text(controls_["cmbVHFRange"])));
+  record_.RadarRange = static_cast<float>(TextValue(Text(controls_["cmbRadarRange"])));
+  record_.HorizonRange = static_cast<float>(TextValue(Text(controls_["cmbHorizion"])));
+  record_.GPSColour = static_cast<ColourButton*>(controls_["cmdBoatColour"])->colour();
+  record_.BoatLineWidth = RoundToInt16(TextValue(Text(controls_["cmbBoatLineWidth"])));
+  record_.GPSCentre = Flag(controls_["chkGPSCentre"]);
+  record_.EnableRings = Flag(controls_["chkEnableRings"]);
+  record_.TrackLayer = Flag(controls_["chktracklayer"]);
+  record_.BoatFutureTidePlot = Flag(controls_["chkBoatFutureTidePlot"]);
+}
+
+bool FrmGPSConfig::cmdOK_Click() {
+  ReadControls();
+  if (!WriteSettings(file_, record_)) {
+    showMessage("Cannot write " + file_.string());
+    return false;
+  }
+  return true;
+}
+
+}  // namespace kelvane::forms
