@@ -456,3 +456,14 @@ StreamsNow CalculateTidalStreams(StreamContext& ctx) {
 }
 
 }  // namespace kelvane
+
+namespace kelvane {
+
+std::string LoadAreaDiamonds(StreamContext& ctx, std::string_view area) {
+  DiamondsRead read = ReadDiamondsFromDatabase(ctx.programFolder, area);
+  SetDiamonds(*ctx.streams, std::move(read.diamonds));
+  BuildUsedPorts(*ctx.tides, ctx.streams->Diamonds);
+  return read.message;
+}
+
+}  // namespace kelvane

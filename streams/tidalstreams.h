@@ -176,3 +176,13 @@ StreamsNow CalculateTidalStreams(StreamContext& ctx);
 std::string SingleStrText(float value);
 
 }  // namespace kelvane
+
+namespace kelvane {
+
+// The diamonds of an area as start-up and a chart change load them: the
+// `diamonds` table of ProgramFolder/Charts/<area>.l35 into the state, and
+// UsedPortList rebuilt from them. Returns "" or the storage message (the
+// diamonds are then empty). The caller then loads the tides for its day.
+std::string LoadAreaDiamonds(StreamContext& ctx, std::string_view area);
+
+}  // namespace kelvane
