@@ -60,7 +60,7 @@ struct CurveSnapshot {
 struct CurveFingerprint {
   std::int16_t day = 0, year = 0;
   std::vector<std::int16_t> ports;
-  std::vector<float> samples;
+  std::vector<std::uint32_t> samples;
   bool operator==(const CurveFingerprint&) const = default;
 };
 
@@ -69,11 +69,19 @@ struct StreamCaches {
   using CurveKey = std::tuple<std::string, bool, std::int16_t, std::int16_t, std::vector<std::int16_t>>;
   std::map<CurveKey, CurveSnapshot> curves;
 
-  CurveFingerprint fingerprint;
-  std::vector<std::array<HighWaterHour, 1440>> hourByMinute;  // per used port
-  std::vector<std::array<bool, 1440>> hourKnown;
-  std::vector<PortTideStateRecord> turning;  // per used port, turning fields only
-  std::vector<bool> turningKnown;
+  // The hours from HW worked on one set of curves (one date), per used port
+  // and minute of the day. A route over midnight moves between two dates on
+  // every pass, so a few sets are kept.
+  struct HourTable {
+    CurveFingerprint fingerprint;
+    std::vector<std::vector<HighWaterHour>> hourByMinute;  // [port][minute]
+    std::vector<std::vector<bool>> hourKnown;
+    std::vector<PortTideStateRecord> turning;  // per used port, turning fields only
+    std::vector<bool> turningKnown;
+    std::uint64_t lastUse = 0;
+  };
+  std::vector<HourTable> hourTables;
+  std::uint64_t uses = 0;
 };
 
 }  // namespace kelvane

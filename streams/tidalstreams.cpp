@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 #include "core/format.h"
 #include "core/positions.h"
@@ -108,7 +109,13 @@ CurveFingerprint FingerprintOf(const TideState& tides) {
   f.year = tides.TideYear;
   f.ports = tides.UsedPortList;
   for (const PortCurveArray& curve : tides.PortCurve)
-    for (int i : {1, 100, 145, 217, 288, 350, 433}) f.samples.push_back(Height(curve, i));
+    for (int i : {1, 100, 145, 217, 288, 350, 433}) {
+      // Compared by their bits: a NaN sample must still match itself.
+      std::uint32_t bits;
+      const float h = Height(curve, i);
+      std::memcpy(&bits, &h, sizeof bits);
+      f.samples.push_back(bits);
+    }
   return f;
 }
 
@@ -119,7 +126,7 @@ void StorePortState(StreamContext& ctx, std::size_t p, const HighWaterHour& hw, 
   rec.Slot = hw.Slot;
   rec.Minutes = hw.Minutes;
   rec.HwText = hw.HwText;
-  rec.RangeText = SingleStrText(hw.Range);
+  rec.RangeText = hw.RangeText;
   rec.PortName = p < tides.UsedPortName.size() ? tides.UsedPortName[p] : std::string();
   if (rec.TurningCount != turning.TurningCount || rec.TurningTime != turning.TurningTime ||
       rec.TurningHeight != turning.TurningHeight) {
@@ -189,6 +196,7 @@ HighWaterHour HourFromHighWater(const TideState& tides, int portIndex, int now) 
     lowest = std::min(lowest, Height(curve, i));
   }
   out.Range = highest - lowest;
+  out.RangeText = SingleStrText(out.Range);
 
   out.HwText = HoursToClock(curve[static_cast<std::size_t>(hw)].time);
   const int hwMinutes = ClockMinutes(out.HwText);
@@ -254,24 +262,35 @@ void UpdatePortStates(StreamContext& ctx, bool useGivenTime, float timeHours, in
 
   StreamCaches& c = Caches(streams);
   CurveFingerprint f = FingerprintOf(tides);
-  if (!(f == c.fingerprint) || c.hourByMinute.size() != ports) {
-    c.fingerprint = std::move(f);
-    c.hourByMinute.assign(ports, {});
-    c.hourKnown.assign(ports, {});
-    c.turning.assign(ports, {});
-    c.turningKnown.assign(ports, false);
+  StreamCaches::HourTable* table = nullptr;
+  for (auto& t : c.hourTables)
+    if (t.fingerprint == f && t.hourByMinute.size() == ports) table = &t;
+  if (!table) {
+    if (c.hourTables.size() < 4) {
+      table = &c.hourTables.emplace_back();
+    } else {
+      table = &c.hourTables.front();
+      for (auto& t : c.hourTables)
+        if (t.lastUse < table->lastUse) table = &t;
+    }
+    table->fingerprint = std::move(f);
+    table->hourByMinute.assign(ports, std::vector<HighWaterHour>(1440));
+    table->hourKnown.assign(ports, std::vector<bool>(1440, false));
+    table->turning.assign(ports, {});
+    table->turningKnown.assign(ports, false);
   }
+  table->lastUse = ++c.uses;
   for (std::size_t p = 0; p < ports; ++p) {
-    if (!c.turningKnown[p]) {
-      TurningPointsOfDay(tides, static_cast<int>(p) + 1, c.turning[p]);
-      c.turningKnown[p] = true;
+    if (!table->turningKnown[p]) {
+      TurningPointsOfDay(tides, static_cast<int>(p) + 1, table->turning[p]);
+      table->turningKnown[p] = true;
     }
     auto m = static_cast<std::size_t>(clamped);
-    if (!c.hourKnown[p][m]) {
-      c.hourByMinute[p][m] = HourFromHighWater(tides, static_cast<int>(p) + 1, now);
-      c.hourKnown[p][m] = true;
+    if (!table->hourKnown[p][m]) {
+      table->hourByMinute[p][m] = HourFromHighWater(tides, static_cast<int>(p) + 1, now);
+      table->hourKnown[p][m] = true;
     }
-    StorePortState(ctx, p, c.hourByMinute[p][m], c.turning[p]);
+    StorePortState(ctx, p, table->hourByMinute[p][m], table->turning[p]);
   }
 }
 

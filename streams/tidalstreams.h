@@ -89,6 +89,7 @@ struct HighWaterHour {
   int hwSample = 0;        // PortCurve entry of the high water
   std::string HwText;      // "HH:MM" of that entry
   float Range = 0;         // highest less lowest over HW-39 .. HW+39, metres
+  std::string RangeText;   // Str of the range (" 3.9")
   std::int16_t Slot = 0;   // -7 .. +6
   std::int16_t Minutes = 0;
 };
