@@ -30,6 +30,7 @@ import path from "node:path";
 import { pathToFileURL } from "node:url";
 
 const [modulesDir, outCsv] = process.argv.slice(2);
+const isMain = import.meta.url === pathToFileURL(process.argv[1] ?? "").href;
 const load = (p) => import(pathToFileURL(path.join(modulesDir, p)).href);
 const db = await load("@neaps/tide-database/dist/node/index.js");
 const { createTidePredictor } = await load("@neaps/tide-predictor/dist/index.js");
@@ -88,6 +89,7 @@ const stations = db.allStations
   .filter((s) => (s.harmonic_constituents?.length ?? 0) > 0 || s.current?.offsets)
   .sort((a, b) => a.id.localeCompare(b.id));
 
+if (isMain) {
 const portData = Object.fromEntries(Object.entries(PORTS).map(([no, p]) => [no, portTides(p.id)]));
 const header = ["chartNumber", "DiaRef", "lat", "Lon", "RefPort", "NPRange", "SPRange"];
 for (const s of ["M6", "M5", "M4", "M3", "M2", "M1"]) header.push(`dir${s}`, `sp${s}`, `np${s.toLowerCase()}`);
@@ -115,3 +117,4 @@ for (const st of stations) {
 }
 fs.writeFileSync(outCsv, rows.join("\n") + "\n");
 console.error(`${stations.length} diamonds; ports ${Object.entries(portData).map(([no, p]) => `${no}: springs ${p.sprange.toFixed(2)} m, neaps ${p.nprange.toFixed(2)} m`).join("; ")}`);
+}
