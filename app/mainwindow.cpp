@@ -103,9 +103,11 @@ void FrmChart::Load() {
   // 7. The waypoint file in use; a file that cannot be read leaves the
   // chart without marks.
   LoadChartWaypoints(WaypointFilePath(state_.settings, state_.folders), state_.waypoints);
-  // 8. The catalogue, the chart record and the diamonds come with the chart
-  // and stream subsystems.
-  // 9. The reference ports and the curves of the working day.
+  // 8. The catalogue and the chart record come with the chart pane; the
+  // diamonds of the chart's area name the reference ports to load.
+  LoadDiamonds();
+  // 9. The reference ports and the curves of the working day, then the
+  // state of each port at the working time.
   LoadTides(state_.moment.WorkingDay, state_.moment.WorkingYear);
   // 10. Wreck marks and sites come with their subsystem.
   // 11. The leg speed starts as the vessel speed; no route yet.
@@ -216,13 +218,6 @@ void FrmChart::MinuteTick() {
   if (!isMinimized()) Redraw();
 }
 
-void FrmChart::LoadTides(std::int16_t day, std::int16_t year) {
-  std::string message = InitialiseTides(state_.tides, state_.folders.DataRoot(), day, year,
-                                        state_.settings.SummerTime != 0);
-  state_.moment.TideDay = day;
-  state_.moment.TideYear = year;
-  if (!message.empty()) showMessage(message);
-}
 
 void FrmChart::Redraw() {
   if (centralWidget()) centralWidget()->update();

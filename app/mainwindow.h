@@ -74,9 +74,12 @@ class FrmChart : public QMainWindow {
   void Redraw();
   void InstallChart();  // the chart pane as the central widget
   void LoadChartImage();
-  // Loads the reference ports and the curves of a day; a failure is shown
-  // and the window goes on without curves.
+  // Loads the reference ports and the curves of a day, then the ports'
+  // state at the working time; a failure is shown and the window goes on
+  // without curves.
   void LoadTides(std::int16_t day, std::int16_t year);
+  // The diamonds of the current chart's area.
+  void LoadDiamonds();
 
   ProgramState state_;
   ChartPane* chart_ = nullptr;

@@ -23,6 +23,13 @@ void FrmChart::InstallChart() {
     });
   }
   connect(chart_, &ChartPane::StatusChanged, this, [this] { UpdateStatusBar(); });
+  // A chart of another area brings its own diamonds and reference ports.
+  // The first chart of the load is covered by the load's own steps.
+  connect(chart_, &ChartPane::ChartChanged, this, [this] {
+    if (!loaded_) return;
+    LoadDiamonds();
+    LoadTides(state_.moment.TideDay, state_.moment.TideYear);
+  });
   connect(chart_, &ChartPane::CursorMoved, this, [this](float lat, float lon) {
     if (QLabel* panel = StatusPanel(5))
       panel->setText(QString::fromStdString(LatToText3(lat) + "  " + LonToText3(lon)));

@@ -9,7 +9,9 @@
 #include "core/settings.h"
 #include "core/windconfig.h"
 #include "core/workingtime.h"
+#include "passage/passagestate.h"
 #include "routes/gpx.h"
+#include "streams/tidalstreams.h"
 #include "tides/tidestate.h"
 
 namespace kelvane {
@@ -23,8 +25,20 @@ struct ProgramState {
   DateFormat dateFormat;
   GpxStore waypoints;           // ChartWaypoints of the waypoint file in use
   TideState tides;              // reference ports and the day's curves
+  StreamState streams;          // the area's diamonds and the streams now
+  PassageState passage;         // the route, its calculated track and results
   float LegSpeed = 0;           // the working leg speed of the leg forms, knots
   bool UseLeewaySwitch = false; // the leg forms' working leeway switch
+
+  // The stream lookup's view of the tides and diamonds.
+  StreamContext Streams() {
+    StreamContext ctx;
+    ctx.tides = &tides;
+    ctx.streams = &streams;
+    ctx.programFolder = folders.DataRoot();
+    ctx.summerTime = settings.SummerTime != 0;
+    return ctx;
+  }
 };
 
 }  // namespace kelvane
