@@ -97,6 +97,11 @@ TEST(MainWindow, AcceptOpensTheChartWindow) {
   EXPECT_EQ(chart->State().settings.ShowChartBoundaries, -1);
   EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).ShowChartBoundaries, 0);
   EXPECT_EQ(chart->State().LegSpeed, 5.0f);
+  // The sample chart's area brings its diamonds, whose reference port
+  // (Dover) has the day's curves and a state at the working time.
+  EXPECT_EQ(chart->State().streams.Diamonds.size(), 24u);
+  ASSERT_FALSE(chart->State().tides.UsedPortList.empty());
+  EXPECT_EQ(chart->State().moment.TideDay, chart->State().moment.WorkingDay);
   // Menus of work still to come are there but disabled.
   ASSERT_NE(chart->Action("mnucalcrte"), nullptr);
   EXPECT_FALSE(chart->Action("mnucalcrte")->isEnabled());
