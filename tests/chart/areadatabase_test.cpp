@@ -2,6 +2,8 @@
 // through libmdb on two real Jet files, and damaged input.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include <cstdlib>
 #include <fstream>
 
