@@ -206,7 +206,9 @@ TEST(BadInput, MessagesAndEmptyResultsNeverACrash) {
     if (!db.ok()) {
       EXPECT_EQ(db.message().rfind("The database " + (dir.path() / c.file).string() + " could not be opened: ", 0), 0u)
           << db.message();
-      if (*c.reason) EXPECT_NE(db.message().find(c.reason), std::string::npos) << db.message();
+      if (*c.reason) {
+        EXPECT_NE(db.message().find(c.reason), std::string::npos) << db.message();
+      }
     }
     EXPECT_TRUE(db.Tables().empty() || !r.ok());
   }
