@@ -43,6 +43,10 @@ import sys
 import tempfile
 import zlib
 
+# The charts' issue date: 1 January 2026 as a date serial, days counted from
+# 30 December 1899, which is how the catalogue holds a date.
+ISSUE_DATE = 46023
+
 DPI = 144  # two pixels per point
 
 LAND = "245/230/184"
@@ -302,7 +306,7 @@ def main():
                 "INSERT INTO charts (iD, chartName, chartNumber, chartScale, rank, TSArea, issueDate, UpperLat, "
                 "UpperPixels, LowerLat, LowerPixels, LeftLon, LeftPixels, rightLon, RightPixels) "
                 "VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
-                (i, r["name"], r["number"], r["scale"], r["rank"], area, 2026, r["UpperLat"], r["UpperPixels"],
+                (i, r["name"], r["number"], r["scale"], r["rank"], area, ISSUE_DATE, r["UpperLat"], r["UpperPixels"],
                  r["LowerLat"], r["LowerPixels"], r["LeftLon"], r["LeftPixels"], r["rightLon"], r["RightPixels"]))
         con.commit()
         con.close()

@@ -105,7 +105,8 @@ TEST(ChartModes, StatusBarAndCaptionAtLoad) {
   // The catalogue's issue date 2026 is day 2026 from 30 December 1899.
   // (Showing the window may have moved the pointer over the chart already.)
   w.chart.UpdateStatusBar();
-  EXPECT_EQ(w.Panel(5), "Chart issued 7/1905");
+  // The sample charts were issued on 1 January 2026 (date serial 46023).
+  EXPECT_EQ(w.Panel(5), "Chart issued 1/2026");
   EXPECT_TRUE(w.Caption().starts_with("Kelvane - Selected Time = ")) << w.Caption();
   EXPECT_FALSE(w.chart.Action("mnucalcrte")->isEnabled());
   EXPECT_TRUE(w.chart.Action("mnuDividersOn")->isEnabled());
