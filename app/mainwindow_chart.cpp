@@ -35,6 +35,8 @@ void FrmChart::InstallChart() {
       panel->setText(QString::fromStdString(LatToText3(lat) + "  " + LonToText3(lon)));
   });
   connect(this, &FrmChart::RedrawRequested, chart_->Viewer(), &ChartViewer::Redraw);
+  // The overlays paint after the chart image (mainwindow_layers.cpp).
+  InstallLayers();
 }
 
 void FrmChart::LoadChartImage() {
