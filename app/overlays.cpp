@@ -88,6 +88,30 @@ void DrawText(const QString& text, double x, double y, QPainter& device, std::in
   device.setPen(old);
 }
 
+const QStaticText& TextLayouts::Get(const QString& text, int height) {
+  if (texts_.size() > 8000) texts_.clear();
+  QString key = QString::number(height) + '|' + text;
+  auto it = texts_.find(key);
+  if (it == texts_.end()) {
+    QStaticText st(text);
+    st.setTextFormat(Qt::PlainText);
+    st.setPerformanceHint(QStaticText::AggressiveCaching);
+    it = texts_.emplace(std::move(key), std::move(st)).first;
+  }
+  return it->second;
+}
+
+void DrawLabel(OverlayFrame& f, const QString& text, double x, double y, int height, std::int32_t textColour) {
+  if (!f.layouts) {
+    DrawText(text, x, y, f.painter, textColour);
+    return;
+  }
+  const QPen old = f.painter.pen();
+  f.painter.setPen(PackedColour(textColour));
+  f.painter.drawStaticText(QPointF(x, y), f.layouts->Get(text, height));
+  f.painter.setPen(old);
+}
+
 namespace {
 
 QString Q(const std::string& s) { return QString::fromStdString(s); }
@@ -109,6 +133,33 @@ constexpr std::int32_t kBlue = PackColour(0, 0, 255);
 constexpr std::int32_t kBlack = 0;
 
 bool ResultsExist(const PassageState& p) { return p.RouteCog.size() > 1; }
+
+}  // namespace
+
+void DrawWideLines(QPainter& device, const std::vector<QLineF>& lines, int width, std::int32_t colour) {
+  // A line of several pixels is drawn as that many one-pixel lines side by
+  // side across its run, as the device's own wide pens lay them: the
+  // device's one-pixel lines are many times cheaper than a stroked outline.
+  device.save();
+  device.setPen(QPen(PackedColour(colour), 0));
+  width = std::max(1, width);
+  if (width == 1) {
+    device.drawLines(lines.data(), static_cast<int>(lines.size()));
+  } else {
+    std::vector<QLineF> shifted(lines.size());
+    for (int k = -(width - 1) / 2; k <= width / 2; ++k) {
+      for (std::size_t i = 0; i < lines.size(); ++i) {
+        const QLineF& l = lines[i];
+        const bool steep = std::fabs(l.dy()) > std::fabs(l.dx());
+        shifted[i] = steep ? l.translated(k, 0) : l.translated(0, k);
+      }
+      device.drawLines(shifted.data(), static_cast<int>(shifted.size()));
+    }
+  }
+  device.restore();
+}
+
+namespace {
 
 // A route being built shows its later points in blue; a calculated route
 // in the waypoint colour.
@@ -147,7 +198,7 @@ void DrawRoute(OverlayFrame& f) {
     }
     const std::string name = Trim(rp.Name);
     if (!name.empty()) label += " Wa " + name;
-    DrawText(Q(label), at.x + r + 2, at.y - r - textHeight, d, s.WayTextColour);
+    DrawLabel(f, Q(label), at.x + r + 2, at.y - r - textHeight, textHeight, s.WayTextColour);
   }
   RestoreFont(d);
 }
@@ -162,12 +213,9 @@ void DrawRouteConnections(OverlayFrame& f) {
   const int textHeight = ScaledTextHeight(s.TextWaySize, f.markRadius, f.baseRadius);
   const int w = f.view.surfaceWidth, h = f.view.surfaceHeight;
   // The legs in two passes, solid then dashed, so that each pen is made once.
+  std::vector<QLineF> solid;
   for (int dashed = 0; dashed < 2; ++dashed) {
-    if (dashed) {
-      SelectDashPen(d, s.WayLineSize, s.WayColour);
-    } else {
-      SelectSolidPen(d, s.WayLineSize, s.WayColour);
-    }
+    if (dashed) SelectDashPen(d, s.WayLineSize, s.WayColour);
     for (int i = 1; i < count; ++i) {
       const RoutePoint& a = p.Route[static_cast<std::size_t>(i)];
       const RoutePoint& b = p.Route[static_cast<std::size_t>(i + 1)];
@@ -177,9 +225,17 @@ void DrawRouteConnections(OverlayFrame& f) {
       // A leg wholly beyond one side of the surface is not drawn.
       if ((pa.x < 0 && pb.x < 0) || (pa.y < 0 && pb.y < 0) || (pa.x >= w && pb.x >= w) || (pa.y >= h && pb.y >= h))
         continue;
-      DrawLine(pa.x, pa.y, pb.x, pb.y, d);
+      if (dashed) {
+        DrawLine(pa.x, pa.y, pb.x, pb.y, d);
+      } else {
+        solid.emplace_back(pa.x, pa.y, pb.x, pb.y);
+      }
     }
-    RestorePen(d);
+    if (dashed) {
+      RestorePen(d);
+    } else {
+      DrawWideLines(d, solid, s.WayLineSize, s.WayColour);
+    }
   }
   // The leg text beside each leg's middle: range and bearing, and the
   // course to steer once calculated.
@@ -195,7 +251,7 @@ void DrawRouteConnections(OverlayFrame& f) {
     std::string text = FormatNumber(rb.range, "0.0") + "nm " + FormatNumber(rb.bearing, "000") + "°T";
     if (LegCalculated(results, a.LegTime, a.DriftCount))
       text += " Steer " + FormatNumber(a.CourseToSteer, "000") + "°M";
-    DrawText(Q(text), mid.x + 8, mid.y + 8, d, s.WayTextColour);
+    DrawLabel(f, Q(text), mid.x + 8, mid.y + 8, textHeight, s.WayTextColour);
   }
   RestoreFont(d);
 }
@@ -263,7 +319,7 @@ void DrawWaypoints(OverlayFrame& f) {
   const double dx = symbols ? size + 3 : size + 2;
   for (const auto& [at, wp] : shown) {
     const std::string name = Trim(wp->Name);
-    if (!name.empty()) DrawText(Q(name), at.x + dx, at.y - textHeight / 2.0, d, s.WayTextColour);
+    if (!name.empty()) DrawLabel(f, Q(name), at.x + dx, at.y - textHeight / 2.0, textHeight, s.WayTextColour);
   }
   RestoreFont(d);
   f.outcome.drawnWaypoints = static_cast<int>(shown.size());
@@ -312,29 +368,25 @@ void DrawCOG(OverlayFrame& f) {
   const int textHeight = ScaledTextHeight(s.TextWaySize, f.markRadius, f.baseRadius);
   std::vector<ScreenPoint> pts(cog.size());
   for (std::size_t i = 0; i < cog.size(); ++i) pts[i] = f.view.ToScreen(cog[i].Lat, cog[i].Lon);
-  SelectSolidPen(d, lineWidth, s.COGColour);
-  QPolygonF line;
+  std::vector<QLineF> lines;
+  lines.reserve(pts.size());
   for (std::size_t i = 1; i < pts.size(); ++i) {
-    const bool shownA = TrackPointOnSurface(pts[i - 1].x, pts[i - 1].y, w, h);
-    const bool shownB = TrackPointOnSurface(pts[i].x, pts[i].y, w, h);
-    if (shownA || shownB) {
-      if (line.isEmpty()) line << QPointF(pts[i - 1].x, pts[i - 1].y);
-      line << QPointF(pts[i].x, pts[i].y);
-    } else if (!line.isEmpty()) {
-      d.drawPolyline(line);
-      line.clear();
-    }
+    if (TrackPointOnSurface(pts[i - 1].x, pts[i - 1].y, w, h) || TrackPointOnSurface(pts[i].x, pts[i].y, w, h))
+      lines.emplace_back(pts[i - 1].x, pts[i - 1].y, pts[i].x, pts[i].y);
   }
-  if (!line.isEmpty()) d.drawPolyline(line);
+  DrawWideLines(d, lines, lineWidth, s.COGColour);
   // A circle of 6 pixels across at each step, with its time beside it.
+  SelectSolidPen(d, 1, s.COGColour);
   d.setBrush(Qt::NoBrush);
   for (std::size_t i = 0; i < pts.size(); ++i)
-    if (TrackPointOnSurface(pts[i].x, pts[i].y, w, h)) Circle(d, pts[i], 3);
+    if (TrackPointOnSurface(pts[i].x, pts[i].y, w, h))
+      d.drawEllipse(QRect(RoundToInt(pts[i].x) - 3, RoundToInt(pts[i].y) - 3, 6, 6));
   RestorePen(d);
   SelectFont(d, "Arial", textHeight);
   for (std::size_t i = 0; i < pts.size(); ++i) {
     if (!TrackPointOnSurface(pts[i].x, pts[i].y, w, h)) continue;
-    DrawText(Q(HoursToClock(cog[i].Time)), pts[i].x + 5, pts[i].y - 5 - textHeight / 2.0, d, s.COGColour);
+    DrawLabel(f, Q(HoursToClock(cog[i].Time)), pts[i].x + 5, pts[i].y - 5 - textHeight / 2.0, textHeight,
+              s.COGColour);
   }
   RestoreFont(d);
 }
@@ -505,7 +557,7 @@ void DrawStreams(OverlayFrame& f) {
   for (const auto& [at, item] : shown) {
     std::string text = FormatNumber(item->Rate, "0.0");
     if (s.HideStreamId == 0) text += " " + Trim(item->Label);
-    DrawText(Q(text), at.x + 6, at.y + 4, d, s.StreamFontColour);
+    DrawLabel(f, Q(text), at.x + 6, at.y + 4, textHeight, s.StreamFontColour);
   }
   RestoreFont(d);
   f.outcome.drawnArrows = static_cast<int>(shown.size());
@@ -646,7 +698,7 @@ OverlayOutcome OverlayPainter::Paint(QPainter& painter, const OverlayView& view,
   if (!view.geometry || !sources.state || view.surfaceWidth <= 0) return outcome;
   outcome.markRadius = MarkRadius(view.surfaceWidth, view.visibleWidth, view.imageWidth);
   OverlayFrame frame{painter, view, sources, sources.state->settings, outcome.markRadius,
-                     BaseMarkRadius(view.surfaceWidth), outcome};
+                     BaseMarkRadius(view.surfaceWidth), outcome, &layouts_};
   for (const OverlayLayer& layer : layers_) {
     painter.save();
     layer.paint(frame);

@@ -10,8 +10,11 @@
 #pragma once
 
 #include <QColor>
+#include <QLineF>
 #include <QPainter>
+#include <QStaticText>
 #include <QString>
+#include <unordered_map>
 #include <functional>
 #include <string>
 #include <vector>
@@ -70,6 +73,16 @@ struct OverlayOutcome {
   int drawnArrows = 0;
 };
 
+// Laid-out label texts kept from paint to paint, by font height and text:
+// a label is shaped once and then only blitted. It holds no device object.
+class TextLayouts {
+ public:
+  const QStaticText& Get(const QString& text, int height);
+
+ private:
+  std::unordered_map<QString, QStaticText> texts_;
+};
+
 // What a layer is handed.
 struct OverlayFrame {
   QPainter& painter;
@@ -79,6 +92,7 @@ struct OverlayFrame {
   int markRadius;
   int baseRadius;
   OverlayOutcome& outcome;
+  TextLayouts* layouts = nullptr;  // when present, labels are drawn from it
 };
 
 struct OverlayLayer {
@@ -99,6 +113,7 @@ class OverlayPainter {
 
  private:
   std::vector<OverlayLayer> layers_;
+  mutable TextLayouts layouts_;
 };
 
 // ---- device primitives ---------------------------------------------------------
@@ -110,6 +125,8 @@ void SelectSolidPen(QPainter& device, int width, std::int32_t colour);
 void SelectDashPen(QPainter& device, int width, std::int32_t colour);
 void RestorePen(QPainter& device);
 void DrawLine(double x1, double y1, double x2, double y2, QPainter& device);
+// Solid lines `width` pixels wide in one colour, in one go.
+void DrawWideLines(QPainter& device, const std::vector<QLineF>& lines, int width, std::int32_t colour);
 // "Arial" of weight 500 at a height in pixels.
 void SelectFont(QPainter& device, const char* name, int height);
 void RestoreFont(QPainter& device);
@@ -117,6 +134,10 @@ void RestoreFont(QPainter& device);
 // unless `opaque`, then filled with backColour.
 void DrawText(const QString& text, double x, double y, QPainter& device, std::int32_t textColour,
               std::int32_t backColour = 0xFFFFFF, bool opaque = false);
+
+// A label of the layer's font (SelectFont at `height`) with its top-left
+// corner at (x, y), transparent background.
+void DrawLabel(OverlayFrame& f, const QString& text, double x, double y, int height, std::int32_t textColour);
 
 // The layers themselves, for tests and for subsystems that reuse a shape.
 void DrawRoute(OverlayFrame& f);
