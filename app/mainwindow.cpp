@@ -11,6 +11,7 @@
 #include "app/chartinteraction.h"
 #include "app/mainmenus.h"
 #include "app/mainwindow_instruments.h"
+#include "app/mainwindow_layers.h"
 #include "cli/startup_hooks.h"
 #include "core/settings.h"
 #include "forms/frmconfigure.h"
@@ -102,6 +103,7 @@ void FrmChart::Load() {
   // 6. Chart boundaries show for the first chart, whatever the file says.
   state_.settings.ShowChartBoundaries = -1;
   Action("mnuViewChartBoundaries")->setChecked(true);
+  SetViewLayers();
   // 7. The waypoint file in use; a file that cannot be read leaves the
   // chart without marks.
   LoadChartWaypoints(WaypointFilePath(state_.settings, state_.folders), state_.waypoints);

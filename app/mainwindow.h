@@ -14,6 +14,7 @@
 #include "forms/formsupport.h"
 
 class QLabel;
+class QPainter;
 class QSettings;
 class QToolBar;
 
@@ -22,6 +23,7 @@ namespace kelvane::app {
 class ChartPane;
 class ChartInteractionController;
 class InstrumentsController;
+struct LayerControls;
 
 class FrmChart : public QMainWindow {
   Q_OBJECT
@@ -63,6 +65,16 @@ class FrmChart : public QMainWindow {
   // The chart on show (mainwindow_chart.cpp).
   ChartPane* Chart() const { return chart_; }
 
+  // The overlays and their switches (mainwindow_layers.cpp).
+  LayerControls& Layers() const { return *layers_; }
+  void PaintOverlays(QPainter& painter);
+  void SetViewLayers();
+  void RollTideTime(bool plus);
+  void StepIntensity(int step);
+  void SetNightView(bool night);
+  // The stream of every diamond at the ports' present state.
+  void CalculateStreamsNow();
+
  signals:
   void RedrawRequested();
 
@@ -90,6 +102,8 @@ class FrmChart : public QMainWindow {
   void LoadTides(std::int16_t day, std::int16_t year);
   // The diamonds of the current chart's area.
   void LoadDiamonds();
+  void InstallLayers();
+  void ToggleLayer(const std::string& action);
 
   ProgramState state_;
   ChartPane* chart_ = nullptr;
@@ -103,6 +117,7 @@ class FrmChart : public QMainWindow {
   bool loaded_ = false;
   InstrumentsController* instruments_ = nullptr;  // a child of the window
   ChartInteractionController* interaction_ = nullptr;  // a child of the window
+  std::unique_ptr<LayerControls> layers_;
 };
 
 }  // namespace kelvane::app

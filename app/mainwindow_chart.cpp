@@ -33,6 +33,8 @@ void FrmChart::InstallChart() {
   // The cursor read-out of panel 5 follows the chart's modes
   // (app/chartinteraction.cpp).
   connect(this, &FrmChart::RedrawRequested, chart_->Viewer(), &ChartViewer::Redraw);
+  // The overlays paint after the chart image (mainwindow_layers.cpp).
+  InstallLayers();
 }
 
 void FrmChart::LoadChartImage() {

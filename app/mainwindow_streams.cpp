@@ -23,6 +23,7 @@ void FrmChart::LoadTides(std::int16_t day, std::int16_t year) {
   state_.moment.TideYear = year;
   if (!message.empty()) showMessage(message);
   UpdatePortStates(ctx, true, state_.moment.WorkingTime);
+  if (message.empty()) CalculateStreamsNow();
 }
 
 }  // namespace kelvane::app

@@ -1,0 +1,24 @@
+// The main window's share of the overlays: the painter with its ordered
+// layers, the MOB label over the chart, and the chart's brightness for the
+// night view.
+#pragma once
+
+#include <QPalette>
+
+#include "app/overlays.h"
+
+class QLabel;
+
+namespace kelvane::app {
+
+struct LayerControls {
+  OverlayPainter painter;
+  OverlayOutcome lastPaint;    // what the last paint reported
+  QLabel* lblMOB = nullptr;    // "MOB Position " and the position, or empty
+  int brightness = kFullBrightness;  // percent, 10 to 100
+  bool night = false;
+  QPalette dayPalette;
+  int pickedAisTarget = -1;    // the target picked in the AIS summary
+};
+
+}  // namespace kelvane::app
