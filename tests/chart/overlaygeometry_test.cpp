@@ -98,7 +98,9 @@ TEST(OverlayGeometry, SymbolMarkBandsCoverTheBodyExactly) {
   ASSERT_EQ(four.size(), 4u);
   int total = 0;
   for (std::size_t i = 0; i < four.size(); ++i) {
-    if (i > 0) EXPECT_EQ(four[i].y, four[i - 1].y + four[i - 1].height);
+    if (i > 0) {
+      EXPECT_EQ(four[i].y, four[i - 1].y + four[i - 1].height);
+    }
     total += four[i].height;
   }
   EXPECT_EQ(total, 18);
