@@ -55,6 +55,10 @@ class FrmChart : public QMainWindow {
   // The chart on show (mainwindow_chart.cpp).
   ChartPane* Chart() const { return chart_; }
 
+  // The route menu's calculation and its results (mainwindow_passage.cpp).
+  void mnucalcrte_Click();
+  void mnuLastRouteResults_Click();
+
  signals:
   void RedrawRequested();
 
@@ -66,6 +70,7 @@ class FrmChart : public QMainWindow {
  private:
   void BuildToolBar();
   void ConnectMenus();
+  void ConnectPassageMenus();
   void ToggleSetting(const std::string& action);
   void Timer1_Timer();
   void SaveGeometry();

@@ -1,0 +1,57 @@
+// The route calculation inside the main window: the route menu opens the
+// calculation form over the route the window holds; a completed
+// calculation redraws the chart with its track and shows the results,
+// whose closing puts the tides back to the working day.
+#include <QAction>
+
+#include "app/mainwindow.h"
+#include "forms/frmcalcroute.h"
+#include "forms/frmresults.h"
+#include "forms/frmroutehistory.h"
+#include "passage/routecalc.h"
+
+namespace kelvane::app {
+
+void FrmChart::ConnectPassageMenus() {
+  QAction* calc = Action("mnucalcrte");
+  calc->setEnabled(true);
+  connect(calc, &QAction::triggered, this, &FrmChart::mnucalcrte_Click);
+  QAction* last = Action("mnuLastRouteResults");
+  last->setEnabled(true);
+  connect(last, &QAction::triggered, this, &FrmChart::mnuLastRouteResults_Click);
+}
+
+void FrmChart::mnucalcrte_Click() {
+  if (RouteCount(state_.passage) < 2) {
+    showMessage(RouteTooShortMessage());
+    return;
+  }
+  // A results form of an earlier calculation would show the new stores
+  // under its old options: it goes first.
+  for (auto* old : findChildren<forms::frmresults*>()) old->close();
+
+  forms::frmcalcroute form(state_.passage, state_.Streams(), state_.settings, state_.moment, this);
+  form.showMessage = showMessage;
+  const bool calculated = form.exec() == QDialog::Accepted;
+  // The calculation leaves the curves at the working day; the moment is
+  // told so. A reversed or edited route shows on the chart either way.
+  if (calculated) {
+    state_.moment.TideDay = state_.moment.WorkingDay;
+    state_.moment.TideYear = state_.moment.WorkingYear;
+  }
+  Redraw();
+  if (!calculated) return;
+
+  auto* results = new forms::frmresults(state_.passage, this);
+  results->setAttribute(Qt::WA_DeleteOnClose);
+  results->onClose = [this] { LoadTides(state_.moment.WorkingDay, state_.moment.WorkingYear); };
+  results->show();
+}
+
+void FrmChart::mnuLastRouteResults_Click() {
+  auto* history = new forms::frmroutehistory(state_.passage, this);
+  history->setAttribute(Qt::WA_DeleteOnClose);
+  history->show();
+}
+
+}  // namespace kelvane::app
