@@ -22,6 +22,12 @@ void FrmChart::ConnectPassageMenus() {
 }
 
 void FrmChart::mnucalcrte_Click() {
+  // The route menu's calculation ends a route drag.
+  if (mode_.routeDrag) {
+    mode_.routeDrag = false;
+    if (QAction* drag = Action("mnuRouteDrag")) drag->setChecked(false);
+    UpdateStatusBar();
+  }
   if (RouteCount(state_.passage) < 2) {
     showMessage(RouteTooShortMessage());
     return;
@@ -32,6 +38,16 @@ void FrmChart::mnucalcrte_Click() {
 
   forms::frmcalcroute form(state_.passage, state_.Streams(), state_.settings, state_.moment, this);
   form.showMessage = showMessage;
+  // The idle timer waits while the legs are worked: its minute's work
+  // could reload the tides under the calculation.
+  form.working = [this, wasActive = false](bool on) mutable {
+    if (on) {
+      wasActive = timer1_.isActive();
+      timer1_.stop();
+    } else if (wasActive) {
+      timer1_.start();
+    }
+  };
   const bool calculated = form.exec() == QDialog::Accepted;
   // The calculation leaves the curves at the working day; the moment is
   // told so. A reversed or edited route shows on the chart either way.

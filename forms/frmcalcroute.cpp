@@ -244,7 +244,12 @@ void frmcalcroute::cmdreverse_Click() {
 
 void frmcalcroute::cmdCopy_Click() { CopyLines(LegListLines(passage_)); }
 
+void frmcalcroute::reject() {
+  if (!working_) QDialog::reject();
+}
+
 void frmcalcroute::SetWorking(bool working) {
+  working_ = working;
   for (QWidget* w : {static_cast<QWidget*>(List1), static_cast<QWidget*>(rtedeptime),
                      static_cast<QWidget*>(lsthrs), static_cast<QWidget*>(lstmins),
                      static_cast<QWidget*>(cmdmodify), static_cast<QWidget*>(cmdRouteSpeed),
@@ -252,6 +257,7 @@ void frmcalcroute::SetWorking(bool working) {
                      static_cast<QWidget*>(chkLeeway), static_cast<QWidget*>(txtLeeway),
                      static_cast<QWidget*>(Cmdrteok), static_cast<QWidget*>(cmdCancel)})
     w->setEnabled(!working);
+  if (this->working) this->working(working);
 }
 
 void frmcalcroute::Cmdrteok_Click() {

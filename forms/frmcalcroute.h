@@ -84,6 +84,13 @@ class frmcalcroute : public QDialog {
   // Runs the leg's modification form and says whether the route changed;
   // by default frmCalcRouteModification filled from the edit boxes.
   std::function<bool(PassageState&, int, const LegEdit&)> runModification;
+  // Told true as a calculation starts and false when it ends: the owner
+  // holds its timers meanwhile, so that nothing touches the route or the
+  // tides while the events are pumped between legs.
+  std::function<void(bool)> working;
+
+  // Closing is refused while a calculation runs.
+  void reject() override;
 
  private:
   void Build();
@@ -95,6 +102,7 @@ class frmcalcroute : public QDialog {
   SettingsRecord settings_;
   WorkingMoment moment_;
   int selectedLeg_ = 0;
+  bool working_ = false;
   std::optional<RouteCalcOutcome> outcome_;
 };
 

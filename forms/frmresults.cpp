@@ -23,6 +23,7 @@ frmresults::frmresults(const PassageState& passage, QWidget* parent) : QDialog(p
   grdTidalDetails->setObjectName("grdTidalDetails");
   grdTidalDetails->setEditTriggers(QAbstractItemView::NoEditTriggers);
   grdTidalDetails->verticalHeader()->setVisible(false);
+  grdTidalDetails->verticalHeader()->setDefaultSectionSize(grdTidalDetails->fontMetrics().height() + 6);
   grdTidalDetails->setMinimumSize(560, 360);
   optSummary = new QRadioButton("Summary", this);
   optSummary->setObjectName("optSummary");

@@ -317,7 +317,18 @@ TEST(frmcalcroute, CalculatesAndTheResultsShowTheReport) {
   form.chkLeeway->setChecked(true);
   form.txtLeeway->clear();
   form.rtedeptime->setText("10:00");
+  // A close asked for while the legs are worked is refused; the buttons
+  // are off meanwhile.
+  bool stayedOpen = false, buttonsOff = false;
+  form.working = [&](bool on) {
+    if (!on) return;
+    form.reject();
+    stayedOpen = form.isVisible();
+    buttonsOff = !form.Cmdrteok->isEnabled() && !form.cmdCancel->isEnabled() && !form.cmdreverse->isEnabled();
+  };
   QTest::mouseClick(form.Cmdrteok, Qt::LeftButton);
+  EXPECT_TRUE(stayedOpen);
+  EXPECT_TRUE(buttonsOff);
   ASSERT_TRUE(form.Outcome().has_value());
   EXPECT_TRUE(form.Outcome()->completed);
   EXPECT_EQ(form.result(), QDialog::Accepted);
@@ -465,15 +476,26 @@ TEST(MainWindowRoute, CalculateThenResultsThenLastResults) {
   int redraws = 0;
   QObject::connect(&chart, &app::FrmChart::RedrawRequested, [&] { ++redraws; });
 
-  bool formSeen = false;
+  bool formSeen = false, timerHeld = false;
+  chart.Mode().routeDrag = true;
   WhenModal<forms::frmcalcroute>([&](forms::frmcalcroute* form) {
     formSeen = ListLines(form->List1) == kLegLines;
+    // The idle timer is held while the legs are worked, and only then.
+    EXPECT_TRUE(chart.Timer1().isActive());
+    auto held = form->working;
+    form->working = [&, held](bool on) {
+      held(on);
+      if (on) timerHeld = !chart.Timer1().isActive();
+    };
     form->rtedeptime->setText("06:30");
     form->chkLeeway->setChecked(false);
     QTest::mouseClick(form->Cmdrteok, Qt::LeftButton);
   });
   chart.Action("mnucalcrte")->trigger();
   EXPECT_TRUE(formSeen);
+  EXPECT_TRUE(timerHeld);
+  EXPECT_TRUE(chart.Timer1().isActive());
+  EXPECT_FALSE(chart.Mode().routeDrag);  // the calculation ends a route drag
   EXPECT_TRUE(messages.empty()) << messages.front();
   EXPECT_EQ(redraws, 1);
   const PassageState& s = chart.State().passage;
