@@ -164,7 +164,7 @@ std::string JetDateText(double value) {
   std::int64_t y;
   unsigned m, d;
   CivilFromDays(DaysFromCivil(1899, 12, 30) + days, y, m, d);
-  char text[48];
+  char text[96];  // room for any 64-bit year the arithmetic could give
   std::snprintf(text, sizeof(text), "%04lld-%02u-%02u %02lld:%02lld:%02lld", static_cast<long long>(y), m, d,
                 static_cast<long long>(seconds / 3600), static_cast<long long>(seconds / 60 % 60),
                 static_cast<long long>(seconds % 60));

@@ -2,6 +2,8 @@
 // through libmdb on two real Jet files, and damaged input.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include <cstdlib>
 #include <fstream>
 
@@ -204,7 +206,9 @@ TEST(BadInput, MessagesAndEmptyResultsNeverACrash) {
     if (!db.ok()) {
       EXPECT_EQ(db.message().rfind("The database " + (dir.path() / c.file).string() + " could not be opened: ", 0), 0u)
           << db.message();
-      if (*c.reason) EXPECT_NE(db.message().find(c.reason), std::string::npos) << db.message();
+      if (*c.reason) {
+        EXPECT_NE(db.message().find(c.reason), std::string::npos) << db.message();
+      }
     }
     EXPECT_TRUE(db.Tables().empty() || !r.ok());
   }

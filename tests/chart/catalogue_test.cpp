@@ -77,7 +77,9 @@ TEST(Ladder, AutomaticSwitching) {
     SCOPED_TRACE(c.zoom);
     AutoSwitchStep s = AutomaticSwitch(c.on, c.zoom, c.rank);
     EXPECT_EQ(s.action, c.action);
-    if (c.action != AutoSwitch::None) EXPECT_EQ(s.newZoom, c.zoomAfter);
+    if (c.action != AutoSwitch::None) {
+      EXPECT_EQ(s.newZoom, c.zoomAfter);
+    }
   }
 }
 

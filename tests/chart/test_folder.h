@@ -2,26 +2,19 @@
 #pragma once
 
 #include <filesystem>
-#include <random>
-#include <string>
+
+#include "support/tempdir.h"
 
 namespace kelvane {
 
+// A temporary data root with its Charts folder.
 class TestFolder {
  public:
-  TestFolder() {
-    std::random_device rd;
-    path_ = std::filesystem::temp_directory_path() / ("kelvane-chart-" + std::to_string(rd()) + std::to_string(rd()));
-    std::filesystem::create_directories(path_ / "Charts");
-  }
-  ~TestFolder() {
-    std::error_code ec;
-    std::filesystem::remove_all(path_, ec);
-  }
-  const std::filesystem::path& path() const { return path_; }
+  TestFolder() { std::filesystem::create_directories(dir_.path / "Charts"); }
+  const std::filesystem::path& path() const { return dir_.path; }
 
  private:
-  std::filesystem::path path_;
+  test::TempDir dir_;
 };
 
 }  // namespace kelvane

@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
+#include <QThread>
 #include <QWidget>
 #include <cstdlib>
 #include <filesystem>
@@ -35,6 +37,19 @@ struct TempTree {
     folders.picturesFolder = dir.path / "pics";
   }
 };
+
+// Runs the event loop until the condition holds or ten seconds pass.
+template <typename Condition>
+bool WaitUntil(Condition condition, int milliseconds = 10000) {
+  QElapsedTimer timer;
+  timer.start();
+  while (!condition()) {
+    if (timer.elapsed() > milliseconds) return false;
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    QThread::msleep(5);
+  }
+  return true;
+}
 
 // Saves a picture of a window when KELVANE_SCREENSHOT_DIR names a folder.
 inline void Screenshot(QWidget* w, const char* name) {

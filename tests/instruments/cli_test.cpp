@@ -90,15 +90,17 @@ TEST(CliListen, ReadsAPortAndTellsWhenItIsGone) {
   ASSERT_TRUE(pair.ok());
   std::string out;
   std::thread listener(
-      [&] { out = RunCommand(kCli + " listen --gps " + pair.b() + " --baud 4800 --seconds 4 --tick-ms 100"); });
-  std::this_thread::sleep_for(std::chrono::milliseconds(500));
+      [&] { out = RunCommand(kCli + " listen --gps " + pair.b() + " --baud 4800 --seconds 8 --tick-ms 100"); });
+  // Time for the listener to start and open its port, with room for a
+  // slow instrumented build on a loaded machine.
+  std::this_thread::sleep_for(std::chrono::milliseconds(2000));
   {
     testing::PacedWriter writer(pair.a(), 4800);
     ASSERT_TRUE(writer.ok());
     writer.Write("$GPRMC,124541,A,5051.206,N,00123.456,W,5.5,054.7,230394,003.1,W*78\r\n", 9);
     writer.Write("$GPRMB,A,0.66,L,003,004,4917.24,N,12309.57,W,001.3,052.5,000.5,V*20\r\n", 9);
   }
-  std::this_thread::sleep_for(std::chrono::milliseconds(1000));
+  std::this_thread::sleep_for(std::chrono::milliseconds(2000));
   pair.Stop();  // the adapter is unplugged
   listener.join();
   EXPECT_NE(out.find("\"GPSValid\":-1,\"GPSLat\":50.85343,\"GPSLong\":-1.390933"), std::string::npos) << out;

@@ -216,8 +216,12 @@ TEST(RouteCalc, SpeedChecks) {
     } else {
       EXPECT_TRUE(questions.empty());
     }
-    if (c.asked || c.refused) EXPECT_EQ(w.s.ResultText, before.ResultText);
-    if (!c.asked && !c.refused) EXPECT_TRUE(out.completed);
+    if (c.asked || c.refused) {
+      EXPECT_EQ(w.s.ResultText, before.ResultText);
+    }
+    if (!c.asked && !c.refused) {
+      EXPECT_TRUE(out.completed);
+    }
   }
 }
 

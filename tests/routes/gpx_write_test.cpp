@@ -185,7 +185,9 @@ TEST(SampleWaypoints, FortyEightChannelMarksWithTheirBands) {
   int yb = 0;
   for (std::size_t i = 0; i < Count(w); ++i) {
     SCOPED_TRACE(w[i].Name);
-    if (i > 0) EXPECT_LT(w[i - 1].Name, w[i].Name);
+    if (i > 0) {
+      EXPECT_LT(w[i - 1].Name, w[i].Name);
+    }
     // The English Channel, from the Scillies' side to the Dover Strait.
     EXPECT_GT(w[i].Lat, 49.9f);
     EXPECT_LT(w[i].Lat, 51.2f);
@@ -193,7 +195,9 @@ TEST(SampleWaypoints, FortyEightChannelMarksWithTheirBands) {
     EXPECT_LT(w[i].Lon, 1.5f);
     EXPECT_NE(std::find(chartCodes.begin(), chartCodes.end(), w[i].Sym), chartCodes.end());
     auto it = bands.find(w[i].Desc);
-    if (it != bands.end()) EXPECT_EQ(w[i].Sym, it->second);
+    if (it != bands.end()) {
+      EXPECT_EQ(w[i].Sym, it->second);
+    }
     if (w[i].Sym == "YB") ++yb;
   }
   EXPECT_GE(yb, 2);

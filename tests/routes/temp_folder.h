@@ -3,29 +3,20 @@
 
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <string>
 
 #include "core/recordio.h"
+#include "support/tempdir.h"
 
 namespace kelvane::testing {
 
 class TempFolder {
  public:
-  TempFolder() {
-    std::random_device rd;
-    path_ = std::filesystem::temp_directory_path() / ("kelvane-routes-" + std::to_string(rd()) + std::to_string(rd()));
-    std::filesystem::create_directories(path_);
-  }
-  ~TempFolder() {
-    std::error_code ec;
-    std::filesystem::remove_all(path_, ec);
-  }
-  const std::filesystem::path& path() const { return path_; }
-  std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+  const std::filesystem::path& path() const { return dir_.path; }
+  std::filesystem::path operator/(const std::string& name) const { return dir_.path / name; }
 
  private:
-  std::filesystem::path path_;
+  test::TempDir dir_;
 };
 
 inline void WriteText(const std::filesystem::path& file, const std::string& text) {
