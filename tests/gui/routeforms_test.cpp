@@ -536,3 +536,38 @@ TEST(MainWindowRoute, CalculateThenResultsThenLastResults) {
   EXPECT_TRUE(s.ResultText.empty());  // the old direction's report is gone
   chart.close();
 }
+
+TEST(frmcalcroute, YesToALowSpeedGoesOnAndAnUnreachedLegIsAWarning) {
+  App();
+  RouteWorld w;
+  // The streams turn in the twenty hours a slow boat takes over the first
+  // leg and bring it back near its line; a skipper who asks for a track
+  // within a few yards of each mark is told it was not achieved.
+  w.settings.AcceptableError = 0.002f;
+  forms::frmcalcroute form(w.passage, w.ctx, w.settings, w.moment);
+  Sinks sinks;
+  sinks.Attach(form);
+  sinks.answer = true;
+  form.txtroutespeed->setText("0.6");
+  QTest::mouseClick(form.cmdRouteSpeed, Qt::LeftButton);
+  form.rtedeptime->setText("10:00");
+  form.Cmdrteok_Click();
+  // One question for the first pair of waypoints is enough: Yes goes on
+  // to the next check and on to the calculation.
+  ASSERT_GE(sinks.questions.size(), 1u);
+  EXPECT_EQ(sinks.questions[0],
+            "Boat speed very low between waypoints 1 and 2\r\nDo you wish to continue?\r\n(This may cause problems)");
+  ASSERT_TRUE(form.Outcome().has_value());
+  ASSERT_TRUE(form.Outcome()->completed) << (sinks.messages.empty() ? "" : sinks.messages.back());
+  ASSERT_FALSE(sinks.warnings.empty());
+  EXPECT_EQ(sinks.warnings[0].rfind("Unable to achieve leg 1 destination.\r\nCPA = ", 0), 0u) << sinks.warnings[0];
+  EXPECT_NE(sinks.warnings[0].find("nm\r\nRoute waypoint modified to last good COG point.\r\n"
+                                   "(Caused by boat speed and tidal stream combinations,\r\n"
+                                   "modify waypoints, departure time or boat speed.)"),
+            std::string::npos);
+  EXPECT_EQ(w.passage.ResultText[1],
+            "* WARNING * Unable to achieve destination waypoint, examine results before use * WARNING * ");
+  // The route itself moved: the second leg starts where the boat got to.
+  EXPECT_NE(w.passage.Route[2].Lon, -1.0f);
+  EXPECT_EQ(w.passage.Route[2].Lon, w.passage.Route[2].ModLon);
+}
