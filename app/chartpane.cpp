@@ -79,6 +79,10 @@ void ChartPane::BuildPopupMenu() {
 }
 
 void ChartPane::contextMenuEvent(QContextMenuEvent* event) {
+  if (popupOnRightButton) {
+    event->accept();
+    return;
+  }
   SetCursorPosition(CoordsFromPixels(viewer_->viewport()->mapFrom(this, event->pos())).lat,
                     CoordsFromPixels(viewer_->viewport()->mapFrom(this, event->pos())).lon);
   popup_->popup(event->globalPos());
@@ -336,7 +340,13 @@ void ChartPane::HandleKey(int key, Qt::KeyboardModifiers modifiers) {
   }
 }
 
-void ChartPane::OnKey(QKeyEvent* event) { HandleKey(event->key(), event->modifiers()); }
+void ChartPane::OnKey(QKeyEvent* event) {
+  if (keyHandler) {
+    keyHandler(event);
+    return;
+  }
+  HandleKey(event->key(), event->modifiers());
+}
 
 // ---- outline and chooser ----------------------------------------------------------
 

@@ -90,6 +90,15 @@ class ChartPane : public QWidget {
   // mnuSelectChartVisually: the chooser, then the chart it chose.
   void SelectChartVisually();
 
+  // The popup menu mnuPopUp, for the window to add its items to.
+  QMenu* PopupMenu() const { return popup_; }
+  // When set, every key of the viewer goes here instead of the view's own
+  // key handling (the window's key table calls HandleKey for the view keys).
+  std::function<void(QKeyEvent*)> keyHandler;
+  // When set, the window shows the popup menu itself at the right button
+  // and the context menu event does nothing.
+  bool popupOnRightButton = false;
+
  signals:
   void ChartChanged();
   void CursorMoved(float lat, float lon);

@@ -8,6 +8,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include "app/chartinteraction.h"
 #include "app/mainmenus.h"
 #include "app/mainwindow_instruments.h"
 #include "cli/startup_hooks.h"
@@ -37,6 +38,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent) : QMainWindow(parent), s
   ConnectMenus();
   ConnectPassageMenus();
   instruments_ = new InstrumentsController(*this);
+  InstallInteraction();
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);
 }
@@ -116,6 +118,7 @@ void FrmChart::Load() {
   state_.UseLeewaySwitch = state_.settings.UseLeeway != 0;
   // 12. The chart image and its overlays.
   LoadChartImage();
+  if (interaction_) interaction_->TakeSettings();
   UpdateStatusBar();
   UpdateCaption();
   // 13. Timers.
@@ -126,18 +129,19 @@ void FrmChart::Load() {
 // ---- caption and status bar ----------------------------------------------
 
 void FrmChart::UpdateCaption() {
-  setWindowTitle(QString::fromStdString(CaptionText(state_.moment, state_.dateFormat, "")));
+  const std::string route = RouteCaptionText(RouteCount(state_.passage), state_.passage.RouteDistance);
+  setWindowTitle(QString::fromStdString(CaptionText(state_.moment, state_.dateFormat, route)));
 }
 
 void FrmChart::UpdateStatusBar() {
-  ChartStatus chart;
-  chart.title = state_.settings.ChartDescription;
-  chart.number = state_.settings.ChartFile;
+  const ChartStatus chart = CurrentChartStatus();
+  mode_ = ModeFlags{state_.marks.InputMode, state_.marks.DividersOn, state_.marks.RouteDragOn};
   panels_[0]->setText(QString::fromStdString(ModePanelText(mode_)));
   panels_[1]->setText(QString::fromStdString(ChartPanelText(chart)));
   panels_[2]->setText(QString::fromStdString(WaypointPanelText(state_.settings.WaypointFile)));
-  panels_[3]->setText(QString::fromStdString(RoutePanelText(std::nullopt)));
-  panels_[4]->setText("");
+  panels_[3]->setText(QString::fromStdString(RoutePanelText(
+      RouteCount(state_.passage) >= 2 ? std::optional<float>(state_.passage.RouteDistance) : std::nullopt)));
+  panels_[4]->setText(QString::fromStdString(IssuePanelText(chart)));
 }
 
 // ---- menus ---------------------------------------------------------------

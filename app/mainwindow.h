@@ -20,6 +20,7 @@ class QToolBar;
 namespace kelvane::app {
 
 class ChartPane;
+class ChartInteractionController;
 class InstrumentsController;
 
 class FrmChart : public QMainWindow {
@@ -34,6 +35,13 @@ class FrmChart : public QMainWindow {
   // Public operations that forms call.
   void UpdateCaption();
   void UpdateStatusBar();
+  // The route's combo and menus (mainwindow_interaction.cpp).
+  void UpdateRouteCombo();
+  void EnableRouteMenus();
+  void DisableRouteMenus();
+  void AnimateMenusEnable();
+  void AnimateMenusDisable();
+  ChartInteractionController* Interaction() const { return interaction_; }
 
   ProgramState& State() { return state_; }
   QAction* Action(const std::string& name) const;
@@ -78,6 +86,8 @@ class FrmChart : public QMainWindow {
   void Shutdown();
   void Redraw();
   void InstallChart();  // the chart pane as the central widget
+  void InstallInteraction();  // the chart's modes over the pane
+  ChartStatus CurrentChartStatus() const;  // panels 2 and 5
   void LoadChartImage();
   // Loads the reference ports and the curves of a day, then the ports'
   // state at the working time; a failure is shown and the window goes on
@@ -97,6 +107,7 @@ class FrmChart : public QMainWindow {
   std::unique_ptr<QSettings> windowStore_;
   bool loaded_ = false;
   InstrumentsController* instruments_ = nullptr;  // a child of the window
+  ChartInteractionController* interaction_ = nullptr;  // a child of the window
 };
 
 }  // namespace kelvane::app

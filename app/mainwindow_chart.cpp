@@ -30,10 +30,8 @@ void FrmChart::InstallChart() {
     LoadDiamonds();
     LoadTides(state_.moment.TideDay, state_.moment.TideYear);
   });
-  connect(chart_, &ChartPane::CursorMoved, this, [this](float lat, float lon) {
-    if (QLabel* panel = StatusPanel(5))
-      panel->setText(QString::fromStdString(LatToText3(lat) + "  " + LonToText3(lon)));
-  });
+  // The cursor read-out of panel 5 follows the chart's modes
+  // (app/chartinteraction.cpp).
   connect(this, &FrmChart::RedrawRequested, chart_->Viewer(), &ChartViewer::Redraw);
 }
 

@@ -4,6 +4,7 @@
 // their own state records beside it (tides, route, instruments).
 #pragma once
 
+#include "chart/chartmarks.h"
 #include "core/datatree.h"
 #include "core/dateformat.h"
 #include "core/settings.h"
@@ -27,6 +28,7 @@ struct ProgramState {
   TideState tides;              // reference ports and the day's curves
   StreamState streams;          // the area's diamonds and the streams now
   PassageState passage;         // the route, its calculated track and results
+  ChartMarks marks;             // the chart's modes and marks, for the overlays
   float LegSpeed = 0;           // the working leg speed of the leg forms, knots
   bool UseLeewaySwitch = false; // the leg forms' working leeway switch
 

@@ -89,7 +89,7 @@ TEST(MainWindow, AcceptOpensTheChartWindow) {
   EXPECT_TRUE(fs::exists(tree.folders.WindConfigFile()));
   // Caption and status panels.
   EXPECT_TRUE(chart->windowTitle().startsWith("Kelvane - Selected Time = ")) << chart->windowTitle().toStdString();
-  EXPECT_EQ(chart->StatusPanel(2)->text().toStdString(), "Chart in use = Sample Chart : 9999-1.cht : []");
+  EXPECT_EQ(chart->StatusPanel(2)->text().toStdString(), "Chart in use = Sample Chart : 9999-1 : [465000]");
   EXPECT_EQ(chart->StatusPanel(3)->text().toStdString(), "Waypoints = Sample.gpx");
   EXPECT_EQ(chart->StatusPanel(4)->text().toStdString(), "");
   // Chart boundaries show for the first chart whatever the file says, but
