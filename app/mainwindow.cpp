@@ -36,9 +36,9 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent) : QMainWindow(parent), s
   setCentralWidget(placeholder);
   InstallChart();
   ConnectMenus();
-  ConnectPassageMenus();
   instruments_ = new InstrumentsController(*this);
   InstallInteraction();
+  ConnectPassageMenus();
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);
 }

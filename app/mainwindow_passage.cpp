@@ -12,9 +12,12 @@
 
 namespace kelvane::app {
 
+// Connected after the chart's modes, so that a route drag has ended (its
+// own handler of the same item) before the form opens. The item is on
+// while a route exists, as the other route items are.
 void FrmChart::ConnectPassageMenus() {
   QAction* calc = Action("mnucalcrte");
-  calc->setEnabled(true);
+  calc->setEnabled(RouteCount(state_.passage) >= 1);
   connect(calc, &QAction::triggered, this, &FrmChart::mnucalcrte_Click);
   QAction* last = Action("mnuLastRouteResults");
   last->setEnabled(true);
@@ -22,12 +25,6 @@ void FrmChart::ConnectPassageMenus() {
 }
 
 void FrmChart::mnucalcrte_Click() {
-  // The route menu's calculation ends a route drag.
-  if (mode_.routeDrag) {
-    mode_.routeDrag = false;
-    if (QAction* drag = Action("mnuRouteDrag")) drag->setChecked(false);
-    UpdateStatusBar();
-  }
   if (RouteCount(state_.passage) < 2) {
     showMessage(RouteTooShortMessage());
     return;
