@@ -74,6 +74,9 @@ class FrmChart : public QMainWindow {
   void SetNightView(bool night);
   // The stream of every diamond at the ports' present state.
   void CalculateStreamsNow();
+  // The route menu's calculation and its results (mainwindow_passage.cpp).
+  void mnucalcrte_Click();
+  void mnuLastRouteResults_Click();
 
  signals:
   void RedrawRequested();
@@ -86,6 +89,7 @@ class FrmChart : public QMainWindow {
  private:
   void BuildToolBar();
   void ConnectMenus();
+  void ConnectPassageMenus();
   void ToggleSetting(const std::string& action);
   void Timer1_Timer();
   void SaveGeometry();

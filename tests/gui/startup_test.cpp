@@ -103,8 +103,8 @@ TEST(MainWindow, AcceptOpensTheChartWindow) {
   ASSERT_FALSE(chart->State().tides.UsedPortList.empty());
   EXPECT_EQ(chart->State().moment.TideDay, chart->State().moment.WorkingDay);
   // Menus of work still to come are there but disabled.
-  ASSERT_NE(chart->Action("mnucalcrte"), nullptr);
-  EXPECT_FALSE(chart->Action("mnucalcrte")->isEnabled());
+  ASSERT_NE(chart->Action("mnuCalcCOG"), nullptr);
+  EXPECT_FALSE(chart->Action("mnuCalcCOG")->isEnabled());
   EXPECT_TRUE(chart->Action("mnuExit")->isEnabled());
   EXPECT_TRUE(chart->Timer1().isActive());
   Screenshot(chart, "main-window");

@@ -1,0 +1,70 @@
+// The route calculation inside the main window: the route menu opens the
+// calculation form over the route the window holds; a completed
+// calculation redraws the chart with its track and shows the results,
+// whose closing puts the tides back to the working day.
+#include <QAction>
+
+#include "app/mainwindow.h"
+#include "forms/frmcalcroute.h"
+#include "forms/frmresults.h"
+#include "forms/frmroutehistory.h"
+#include "passage/routecalc.h"
+
+namespace kelvane::app {
+
+// Connected after the chart's modes, so that a route drag has ended (its
+// own handler of the same item) before the form opens. The item is on
+// while a route exists, as the other route items are.
+void FrmChart::ConnectPassageMenus() {
+  QAction* calc = Action("mnucalcrte");
+  calc->setEnabled(RouteCount(state_.passage) >= 1);
+  connect(calc, &QAction::triggered, this, &FrmChart::mnucalcrte_Click);
+  QAction* last = Action("mnuLastRouteResults");
+  last->setEnabled(true);
+  connect(last, &QAction::triggered, this, &FrmChart::mnuLastRouteResults_Click);
+}
+
+void FrmChart::mnucalcrte_Click() {
+  if (RouteCount(state_.passage) < 2) {
+    showMessage(RouteTooShortMessage());
+    return;
+  }
+  // A results form of an earlier calculation would show the new stores
+  // under its old options: it goes first.
+  for (auto* old : findChildren<forms::frmresults*>()) old->close();
+
+  forms::frmcalcroute form(state_.passage, state_.Streams(), state_.settings, state_.moment, this);
+  form.showMessage = showMessage;
+  // The idle timer waits while the legs are worked: its minute's work
+  // could reload the tides under the calculation.
+  form.working = [this, wasActive = false](bool on) mutable {
+    if (on) {
+      wasActive = timer1_.isActive();
+      timer1_.stop();
+    } else if (wasActive) {
+      timer1_.start();
+    }
+  };
+  const bool calculated = form.exec() == QDialog::Accepted;
+  // The calculation leaves the curves at the working day; the moment is
+  // told so. A reversed or edited route shows on the chart either way.
+  if (calculated) {
+    state_.moment.TideDay = state_.moment.WorkingDay;
+    state_.moment.TideYear = state_.moment.WorkingYear;
+  }
+  Redraw();
+  if (!calculated) return;
+
+  auto* results = new forms::frmresults(state_.passage, this);
+  results->setAttribute(Qt::WA_DeleteOnClose);
+  results->onClose = [this] { LoadTides(state_.moment.WorkingDay, state_.moment.WorkingYear); };
+  results->show();
+}
+
+void FrmChart::mnuLastRouteResults_Click() {
+  auto* history = new forms::frmroutehistory(state_.passage, this);
+  history->setAttribute(Qt::WA_DeleteOnClose);
+  history->show();
+}
+
+}  // namespace kelvane::app

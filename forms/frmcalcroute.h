@@ -1,0 +1,109 @@
+// frmcalcroute: the route's legs, their speeds and the departure time, and
+// the calculation of the whole route (Cmdrteok). The form works on the
+// route the main window holds: a reversal, a new speed or an edited leg
+// stands whether or not the calculation is run. A completed calculation
+// accepts the dialog; the main window then redraws and shows the results.
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <optional>
+
+#include "core/settings.h"
+#include "core/workingtime.h"
+#include "forms/formsupport.h"
+#include "passage/routecalc.h"
+#include "passage/routeform.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QProgressBar;
+class QPushButton;
+
+namespace kelvane::forms {
+
+class frmcalcroute : public QDialog {
+  Q_OBJECT
+ public:
+  // The settings give the leeway (UseLeeway, Leeway), Variation,
+  // CalcInterval and AcceptableError; the moment gives the day of
+  // departure and the time the tides go back to.
+  frmcalcroute(PassageState& passage, StreamContext streams, const SettingsRecord& settings,
+               const WorkingMoment& moment, QWidget* parent = nullptr);
+
+  // The handlers, public so that tests can run them as a click does.
+  void Cmdrteok_Click();
+  void cmdRouteSpeed_Click();
+  void cmdreverse_Click();
+  void cmdCopy_Click();
+  void cmdmodify_Click();
+  void List1_Click(int row);
+
+  // The legs list again from the route.
+  void RefreshLegs();
+  // The leg in the edit boxes (0 for none).
+  int SelectedLeg() const { return selectedLeg_; }
+  LegEdit Edit() const;
+  // What the last calculation said.
+  const std::optional<RouteCalcOutcome>& Outcome() const { return outcome_; }
+
+  QListWidget* List1 = nullptr;
+  QLineEdit* rtedeptime = nullptr;
+  QListWidget* lsthrs = nullptr;
+  QListWidget* lstmins = nullptr;
+  QLineEdit* txtroutestartlat = nullptr;
+  QLineEdit* txtroutestartlong = nullptr;
+  QLineEdit* txtroutedestlat = nullptr;
+  QLineEdit* txtroutedestlong = nullptr;
+  QLineEdit* txtroutestartname = nullptr;
+  QLineEdit* txtroutedestname = nullptr;
+  QLineEdit* txtroutespeed = nullptr;
+  QLineEdit* txtStoppedFor = nullptr;
+  QPushButton* cmdmodify = nullptr;
+  QPushButton* cmdRouteSpeed = nullptr;
+  QPushButton* cmdreverse = nullptr;
+  QPushButton* cmdCopy = nullptr;
+  QPushButton* cmdUseGPS = nullptr;  // waits for the GPS position on this form
+  QCheckBox* chkUseSOG = nullptr;
+  QLabel* lblGPS = nullptr;
+  QPushButton* cmdWind = nullptr;  // leg speeds from the wind: not yet
+  QPushButton* cmdTack = nullptr;
+  QCheckBox* chkLeeway = nullptr;
+  QLineEdit* txtLeeway = nullptr;
+  QProgressBar* ProgressBar1 = nullptr;
+  QPushButton* Cmdrteok = nullptr;
+  QPushButton* cmdCancel = nullptr;
+
+  // Information messages, warnings (the unreached leg) and the Yes/No
+  // question of a low speed; modal boxes titled "Kelvane" unless replaced.
+  MessageSink showMessage;
+  MessageSink showWarning;
+  std::function<bool(const std::string&)> askYesNo;
+  // Runs the leg's modification form and says whether the route changed;
+  // by default frmCalcRouteModification filled from the edit boxes.
+  std::function<bool(PassageState&, int, const LegEdit&)> runModification;
+  // Told true as a calculation starts and false when it ends: the owner
+  // holds its timers meanwhile, so that nothing touches the route or the
+  // tides while the events are pumped between legs.
+  std::function<void(bool)> working;
+
+  // Closing is refused while a calculation runs.
+  void reject() override;
+
+ private:
+  void Build();
+  void ShowLeg(int leg);
+  void SetWorking(bool working);
+
+  PassageState& passage_;
+  StreamContext streams_;
+  SettingsRecord settings_;
+  WorkingMoment moment_;
+  int selectedLeg_ = 0;
+  bool working_ = false;
+  std::optional<RouteCalcOutcome> outcome_;
+};
+
+}  // namespace kelvane::forms
