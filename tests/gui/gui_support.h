@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <string>
 
+#include "app/programstate.h"
 #include "core/datatree.h"
 #include "support/tempdir.h"
 
@@ -37,6 +38,16 @@ struct TempTree {
     folders.picturesFolder = dir.path / "pics";
   }
 };
+
+// A main window's state over a fresh tree seeded with the sample data, as
+// the start form hands it on.
+inline ProgramState SeededState(const TempTree& tree) {
+  ProgramState state;
+  state.folders = tree.folders;
+  CreateDataTree(tree.folders);
+  SeedDataRoot(tree.folders, std::filesystem::path(KELVANE_SOURCE_DIR) / "data");
+  return state;
+}
 
 // Runs the event loop until the condition holds or ten seconds pass.
 template <typename Condition>

@@ -30,14 +30,6 @@ const std::string kRmc = "$GPRMC,124541,A,5051.206,N,00123.456,W,5.5,054.7,23039
 
 bool HaveSocat() { return std::system("command -v socat >/dev/null 2>&1") == 0; }
 
-ProgramState LoadedState(const TempTree& tree) {
-  ProgramState state;
-  state.folders = tree.folders;
-  CreateDataTree(tree.folders);
-  SeedDataRoot(tree.folders, fs::path(KELVANE_SOURCE_DIR) / "data");
-  return state;
-}
-
 }  // namespace
 
 TEST(AisForms, SummaryAndDetails) {
@@ -136,7 +128,7 @@ TEST(MainWindowInstruments, AttachPollDetach) {
   if (!HaveSocat()) GTEST_SKIP() << "socat is not installed";
   App();
   TempTree tree;
-  app::FrmChart chart(LoadedState(tree));
+  app::FrmChart chart(SeededState(tree));
   std::string message;
   chart.showMessage = [&](const std::string& m) { message = m; };
   chart.Load();

@@ -29,19 +29,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-ProgramState LoadedState(const TempTree& tree) {
-  ProgramState state;
-  state.folders = tree.folders;
-  CreateDataTree(tree.folders);
-  SeedDataRoot(tree.folders, fs::path(KELVANE_SOURCE_DIR) / "data");
-  return state;
-}
-
 // The main window on the sample chart at 100 percent, centred on Anvil
 // Point (a Sample.gpx waypoint).
 struct Window {
   TempTree tree;
-  app::FrmChart chart{LoadedState(tree)};
+  app::FrmChart chart{SeededState(tree)};
   std::vector<std::string> messages;
   std::vector<std::string> questions;
   bool answer = true;

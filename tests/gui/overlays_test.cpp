@@ -284,14 +284,6 @@ TEST(Overlays, LayersKeepTheirOrderAndLaterOnesJoinByStep) {
 
 namespace {
 
-ProgramState SeededState(const TempTree& tree) {
-  ProgramState state;
-  state.folders = tree.folders;
-  CreateDataTree(tree.folders);
-  SeedDataRoot(tree.folders, fs::path(KELVANE_SOURCE_DIR) / "data");
-  return state;
-}
-
 QImage Surface(FrmChart& chart) { return chart.Chart()->Viewer()->viewport()->grab().toImage(); }
 
 double MeanBrightness(const QImage& image) {

@@ -433,22 +433,10 @@ TEST(frmrouteinfo, ListsThePointsUnderTheSummary) {
 
 // ---- the main window ---------------------------------------------------
 
-namespace {
-
-ProgramState LoadedState(const TempTree& tree) {
-  ProgramState state;
-  state.folders = tree.folders;
-  CreateDataTree(tree.folders);
-  SeedDataRoot(tree.folders, fs::path(KELVANE_SOURCE_DIR) / "data");
-  return state;
-}
-
-}  // namespace
-
 TEST(MainWindowRoute, FewerThanTwoPointsIsRefused) {
   App();
   TempTree tree;
-  app::FrmChart chart(LoadedState(tree));
+  app::FrmChart chart(SeededState(tree));
   std::vector<std::string> messages;
   chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
   chart.Load();
@@ -471,7 +459,7 @@ TEST(MainWindowRoute, FewerThanTwoPointsIsRefused) {
 TEST(MainWindowRoute, CalculateThenResultsThenLastResults) {
   App();
   TempTree tree;
-  app::FrmChart chart(LoadedState(tree));
+  app::FrmChart chart(SeededState(tree));
   std::vector<std::string> messages;
   chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
   chart.Load();

@@ -19,20 +19,6 @@ using namespace kelvane;
 using namespace kelvane::test;
 namespace fs = std::filesystem;
 
-namespace {
-
-// A main window's state over a fresh tree seeded with the sample data, as
-// the start form hands it on.
-ProgramState LoadedState(const TempTree& tree) {
-  ProgramState state;
-  state.folders = tree.folders;
-  CreateDataTree(tree.folders);
-  SeedDataRoot(tree.folders, fs::path(KELVANE_SOURCE_DIR) / "data");
-  return state;
-}
-
-}  // namespace
-
 TEST(StartForm, NoticesAndDecline) {
   App();
   TempTree tree;
@@ -114,7 +100,7 @@ TEST(MainWindow, AcceptOpensTheChartWindow) {
 TEST(MainWindow, LayerTogglesAreWrittenAtOnce) {
   App();
   TempTree tree;
-  app::FrmChart chart(LoadedState(tree));
+  app::FrmChart chart(SeededState(tree));
   std::string message;
   chart.showMessage = [&](const std::string& m) { message = m; };
   chart.Load();
@@ -150,7 +136,7 @@ TEST(MainWindow, LayerTogglesAreWrittenAtOnce) {
 TEST(MainWindow, MinuteTickKeepsTheDayAndTheCaption) {
   App();
   TempTree tree;
-  app::FrmChart chart(LoadedState(tree));
+  app::FrmChart chart(SeededState(tree));
   std::string message;
   chart.showMessage = [&](const std::string& m) { message = m; };
   chart.Load();
