@@ -84,27 +84,11 @@ frmCalcRouteModification::frmCalcRouteModification(PassageState& passage, int le
 }
 
 void frmCalcRouteModification::SetEdit(const LegEdit& e) {
-  txtroutestartlat->setText(ToQString(e.StartLat));
-  txtroutestartlong->setText(ToQString(e.StartLon));
-  txtroutedestlat->setText(ToQString(e.DestLat));
-  txtroutedestlong->setText(ToQString(e.DestLon));
-  txtroutestartname->setText(ToQString(e.StartName));
-  txtroutedestname->setText(ToQString(e.DestName));
-  txtroutespeed->setText(ToQString(e.Speed));
-  txtStoppedFor->setText(ToQString(e.StoppedFor));
+  ShowLegEdit(e);
 }
 
 LegEdit frmCalcRouteModification::Edit() const {
-  LegEdit e;
-  e.StartLat = FromQString(txtroutestartlat->text());
-  e.StartLon = FromQString(txtroutestartlong->text());
-  e.DestLat = FromQString(txtroutedestlat->text());
-  e.DestLon = FromQString(txtroutedestlong->text());
-  e.StartName = FromQString(txtroutestartname->text());
-  e.DestName = FromQString(txtroutedestname->text());
-  e.Speed = FromQString(txtroutespeed->text());
-  e.StoppedFor = FromQString(txtStoppedFor->text());
-  return e;
+  return ReadLegEdit();
 }
 
 void frmCalcRouteModification::cmdAccept_Click() {

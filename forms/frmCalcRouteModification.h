@@ -6,6 +6,8 @@
 
 #include <QDialog>
 
+#include "forms/legeditfields.h"
+
 #include "forms/formsupport.h"
 #include "passage/routeform.h"
 
@@ -15,7 +17,7 @@ class QPushButton;
 
 namespace kelvane::forms {
 
-class frmCalcRouteModification : public QDialog {
+class frmCalcRouteModification : public QDialog, public LegEditFields {
   Q_OBJECT
  public:
   // Leg `leg` of the route (from 1), its boxes filled from the route.
@@ -26,14 +28,6 @@ class frmCalcRouteModification : public QDialog {
   LegEdit Edit() const;
   void cmdAccept_Click();
 
-  QLineEdit* txtroutestartlat = nullptr;
-  QLineEdit* txtroutestartlong = nullptr;
-  QLineEdit* txtroutedestlat = nullptr;
-  QLineEdit* txtroutedestlong = nullptr;
-  QLineEdit* txtroutestartname = nullptr;
-  QLineEdit* txtroutedestname = nullptr;
-  QLineEdit* txtroutespeed = nullptr;
-  QLineEdit* txtStoppedFor = nullptr;
   QLabel* lblLeg = nullptr;
   QPushButton* cmdAccept = nullptr;
   QPushButton* cmdCancel = nullptr;

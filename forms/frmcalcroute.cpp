@@ -193,14 +193,7 @@ void frmcalcroute::RefreshLegs() {
 void frmcalcroute::ShowLeg(int leg) {
   selectedLeg_ = leg;
   const LegEdit e = LegEditOf(passage_, leg);
-  txtroutestartlat->setText(ToQString(e.StartLat));
-  txtroutestartlong->setText(ToQString(e.StartLon));
-  txtroutedestlat->setText(ToQString(e.DestLat));
-  txtroutedestlong->setText(ToQString(e.DestLon));
-  txtroutestartname->setText(ToQString(e.StartName));
-  txtroutedestname->setText(ToQString(e.DestName));
-  if (leg > 0) txtroutespeed->setText(ToQString(e.Speed));
-  txtStoppedFor->setText(ToQString(e.StoppedFor));
+  ShowLegEdit(e, leg > 0);
 }
 
 void frmcalcroute::List1_Click(int row) {
@@ -209,16 +202,7 @@ void frmcalcroute::List1_Click(int row) {
 }
 
 LegEdit frmcalcroute::Edit() const {
-  LegEdit e;
-  e.StartLat = FromQString(txtroutestartlat->text());
-  e.StartLon = FromQString(txtroutestartlong->text());
-  e.DestLat = FromQString(txtroutedestlat->text());
-  e.DestLon = FromQString(txtroutedestlong->text());
-  e.StartName = FromQString(txtroutestartname->text());
-  e.DestName = FromQString(txtroutedestname->text());
-  e.Speed = FromQString(txtroutespeed->text());
-  e.StoppedFor = FromQString(txtStoppedFor->text());
-  return e;
+  return ReadLegEdit();
 }
 
 void frmcalcroute::cmdmodify_Click() {

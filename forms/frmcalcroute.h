@@ -6,6 +6,8 @@
 #pragma once
 
 #include <QDialog>
+
+#include "forms/legeditfields.h"
 #include <functional>
 #include <optional>
 
@@ -24,7 +26,7 @@ class QPushButton;
 
 namespace kelvane::forms {
 
-class frmcalcroute : public QDialog {
+class frmcalcroute : public QDialog, public LegEditFields {
   Q_OBJECT
  public:
   // The settings give the leeway (UseLeeway, Leeway), Variation,
@@ -53,14 +55,6 @@ class frmcalcroute : public QDialog {
   QLineEdit* rtedeptime = nullptr;
   QListWidget* lsthrs = nullptr;
   QListWidget* lstmins = nullptr;
-  QLineEdit* txtroutestartlat = nullptr;
-  QLineEdit* txtroutestartlong = nullptr;
-  QLineEdit* txtroutedestlat = nullptr;
-  QLineEdit* txtroutedestlong = nullptr;
-  QLineEdit* txtroutestartname = nullptr;
-  QLineEdit* txtroutedestname = nullptr;
-  QLineEdit* txtroutespeed = nullptr;
-  QLineEdit* txtStoppedFor = nullptr;
   QPushButton* cmdmodify = nullptr;
   QPushButton* cmdRouteSpeed = nullptr;
   QPushButton* cmdreverse = nullptr;
