@@ -307,53 +307,61 @@ SettingsRecord DefaultSettings(const Folders& folders) {
   return r;
 }
 
+namespace {
+
+// Calls f(field, value) for every field of the record in file order, the
+// value being the record's member (const when the record is).
+template <typename Record, typename F>
+void ForEachField(Record& record, F&& f) {
+  for (const SettingsField& field : SettingsFields())
+    std::visit([&](auto member) { f(field, record.*member); }, field.member);
+}
+
+// One overload per field type: how it goes into the file...
+void Put(RecordWriter& w, const SettingsField& f, const std::string& v) { w.Text(f.offset, f.width, v); }
+void Put(RecordWriter& w, const SettingsField& f, std::int16_t v) { w.I16(f.offset, v); }
+void Put(RecordWriter& w, const SettingsField& f, std::int32_t v) { w.I32(f.offset, v); }
+void Put(RecordWriter& w, const SettingsField& f, float v) { w.F32(f.offset, v); }
+template <std::size_t N>
+void Put(RecordWriter& w, const SettingsField& f, const std::array<std::int16_t, N>& v) {
+  for (std::size_t i = 0; i < N; ++i) w.I16(f.offset + 2 * i, v[i]);
+}
+
+// ...how it comes out of it...
+void Get(const RecordReader& r, const SettingsField& f, std::string& v) { v = r.Text(f.offset, f.width); }
+void Get(const RecordReader& r, const SettingsField& f, std::int16_t& v) { v = r.I16(f.offset); }
+void Get(const RecordReader& r, const SettingsField& f, std::int32_t& v) { v = r.I32(f.offset); }
+void Get(const RecordReader& r, const SettingsField& f, float& v) { v = r.F32(f.offset); }
+template <std::size_t N>
+void Get(const RecordReader& r, const SettingsField& f, std::array<std::int16_t, N>& v) {
+  for (std::size_t i = 0; i < N; ++i) v[i] = r.I16(f.offset + 2 * i);
+}
+
+// ...and how it reads in "settings show".
+std::string Show(const std::string& v) { return v; }
+std::string Show(std::int16_t v) { return std::to_string(v); }
+std::string Show(std::int32_t v) { return std::to_string(v); }
+std::string Show(float v) { return NumberText(v); }
+template <std::size_t N>
+std::string Show(const std::array<std::int16_t, N>& v) {
+  std::string text;
+  for (std::size_t i = 0; i < N; ++i) text += (i ? " " : "") + std::to_string(v[i]);
+  return text;
+}
+
+}  // namespace
+
 std::vector<std::uint8_t> EncodeSettings(const SettingsRecord& record) {
   Bytes bytes(kSettingsRecordSize, 0);
   RecordWriter w(bytes);
-  for (const SettingsField& f : SettingsFields()) {
-    std::visit(
-        [&](auto member) {
-          const auto& value = record.*member;
-          using T = std::decay_t<decltype(value)>;
-          if constexpr (std::is_same_v<T, std::string>) {
-            w.Text(f.offset, f.width, value);
-          } else if constexpr (std::is_same_v<T, std::int16_t>) {
-            w.I16(f.offset, value);
-          } else if constexpr (std::is_same_v<T, std::int32_t>) {
-            w.I32(f.offset, value);
-          } else if constexpr (std::is_same_v<T, float>) {
-            w.F32(f.offset, value);
-          } else {
-            for (std::size_t i = 0; i < value.size(); ++i) w.I16(f.offset + 2 * i, value[i]);
-          }
-        },
-        f.member);
-  }
+  ForEachField(record, [&](const SettingsField& f, const auto& value) { Put(w, f, value); });
   return bytes;
 }
 
 SettingsRecord DecodeSettings(const std::vector<std::uint8_t>& bytes) {
   SettingsRecord record;
   RecordReader r(bytes);
-  for (const SettingsField& f : SettingsFields()) {
-    std::visit(
-        [&](auto member) {
-          auto& value = record.*member;
-          using T = std::decay_t<decltype(value)>;
-          if constexpr (std::is_same_v<T, std::string>) {
-            value = r.Text(f.offset, f.width);
-          } else if constexpr (std::is_same_v<T, std::int16_t>) {
-            value = r.I16(f.offset);
-          } else if constexpr (std::is_same_v<T, std::int32_t>) {
-            value = r.I32(f.offset);
-          } else if constexpr (std::is_same_v<T, float>) {
-            value = r.F32(f.offset);
-          } else {
-            for (std::size_t i = 0; i < value.size(); ++i) value[i] = r.I16(f.offset + 2 * i);
-          }
-        },
-        f.member);
-  }
+  ForEachField(record, [&](const SettingsField& f, auto& value) { Get(r, f, value); });
   return record;
 }
 
@@ -379,25 +387,9 @@ bool WriteSettings(const std::filesystem::path& file, const SettingsRecord& reco
 
 std::vector<std::string> SettingsLines(const SettingsRecord& record) {
   std::vector<std::string> lines;
-  for (const SettingsField& f : SettingsFields()) {
-    std::string text;
-    std::visit(
-        [&](auto member) {
-          const auto& value = record.*member;
-          using T = std::decay_t<decltype(value)>;
-          if constexpr (std::is_same_v<T, std::string>) {
-            text = value;
-          } else if constexpr (std::is_same_v<T, float>) {
-            text = NumberText(value);
-          } else if constexpr (std::is_integral_v<T>) {
-            text = std::to_string(value);
-          } else {
-            for (std::size_t i = 0; i < value.size(); ++i) text += (i ? " " : "") + std::to_string(value[i]);
-          }
-        },
-        f.member);
-    lines.push_back(std::string(f.name) + " = " + text);
-  }
+  ForEachField(record, [&](const SettingsField& f, const auto& value) {
+    lines.push_back(std::string(f.name) + " = " + Show(value));
+  });
   return lines;
 }
 
