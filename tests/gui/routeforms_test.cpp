@@ -113,15 +113,16 @@ std::vector<std::string> ListLines(const QListWidget* list) {
 // Runs `act` on the modal dialog of type T as soon as it is up.
 template <class T>
 void WhenModal(std::function<void(T*)> act) {
-  auto poll = std::make_shared<std::function<void()>>();
-  *poll = [act, poll] {
+  auto* poll = new QTimer(qApp);
+  poll->setInterval(10);
+  QObject::connect(poll, &QTimer::timeout, [poll, act] {
     if (auto* dialog = qobject_cast<T*>(QApplication::activeModalWidget())) {
+      poll->stop();
+      poll->deleteLater();
       act(dialog);
-      return;
     }
-    QTimer::singleShot(10, *poll);
-  };
-  QTimer::singleShot(0, *poll);
+  });
+  poll->start();
 }
 
 }  // namespace
