@@ -1,5 +1,7 @@
 #include "app/mainwindow_instruments.h"
 
+#include <QToolBar>
+#include <QIcon>
 #include <QAction>
 #include <QCoreApplication>
 #include <QMenu>
@@ -46,6 +48,22 @@ void InstrumentsController::ConnectMenus() {
   enable("mnuAISEnable", [this] { mnuAISEnable_Click(); });
   enable("mnuAISDisable", [this] { mnuAISDisable_Click(); });
   enable("mnuDecode21", [this] { mnuDecode21_Click(); });
+  // The toolbar's link buttons: a click starts a link that is down and
+  // ends one that is up.
+  if (QToolBar* bar = chart_.ToolBar()) {
+    gpsButton_ = bar->addAction("GPS");
+    gpsButton_->setObjectName("cmdGPSLink");
+    connect(gpsButton_, &QAction::triggered, this, [this] { mnuGPSattach_Click(); });
+    aisButton_ = bar->addAction("AIS");
+    aisButton_->setObjectName("cmdAISLink");
+    connect(aisButton_, &QAction::triggered, this, [this] {
+      if (comms_.AISPortOpen != 0)
+        mnuAISDisable_Click();
+      else
+        mnuAISEnable_Click();
+    });
+    UpdateMenus();
+  }
   enable("mnuShowAISDetails", [this] {
     SettingsRecord& s = chart_.State().settings;
     s.ShowAISDetails = s.ShowAISDetails != 0 ? 0 : -1;
@@ -126,6 +144,16 @@ void InstrumentsController::UpdateMenus() {
   if (QAction* a = chart_.Action("mnuAISEnable")) a->setText(throAis ? "Attach AIS/GPS" : "Attach AIS");
   if (QAction* a = chart_.Action("mnuAISDisable")) a->setText(throAis ? "Detach AIS/GPS" : "Detach AIS");
   if (QAction* a = chart_.Action("mnuGPSattach")) a->setText(comms_.GPSPortOpen != 0 ? "Detach GPS" : "Attach GPS");
+  // The link buttons show the state of their links.
+  LinkPictures pictures = LinkPicturesFor(comms_, throAis);
+  const std::filesystem::path res = chart_.State().folders.DataRoot() / "res";
+  auto show = [&](QAction* button, const std::string& picture) {
+    if (!button) return;
+    button->setIcon(QIcon(QString::fromStdString((res / picture).string())));
+    button->setData(QString::fromStdString(picture));
+  };
+  show(gpsButton_, pictures.gps);
+  show(aisButton_, pictures.ais);
 }
 
 void InstrumentsController::SyncTimers() {

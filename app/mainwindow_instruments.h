@@ -15,6 +15,8 @@
 #include "instruments/comms.h"
 #include "instruments/receive.h"
 
+class QAction;
+
 namespace kelvane::forms {
 class FrmGpsDetail;
 }
@@ -59,6 +61,8 @@ class InstrumentsController : public QObject {
   std::string StoreFile() const;
 
   FrmChart& chart_;
+  QAction* gpsButton_ = nullptr;  // the toolbar's link buttons
+  QAction* aisButton_ = nullptr;
   InstrumentsState state_;
   CommsState comms_;
   std::unique_ptr<QtSerialPorts> ports_;

@@ -218,3 +218,26 @@ void DetachAis(CommsState& comms, InstrumentsState& state, SerialPorts& ports) {
 }
 
 }  // namespace kelvane
+
+namespace kelvane {
+
+namespace {
+// "\res\name.bmp" -> "name.bmp"
+std::string PictureFile(const char* path) {
+  std::string p(path);
+  std::size_t slash = p.find_last_of('\\');
+  return slash == std::string::npos ? p : p.substr(slash + 1);
+}
+}  // namespace
+
+LinkPictures LinkPicturesFor(const CommsState& comms, bool gpsThroAis) {
+  LinkPictures p;
+  p.gps = PictureFile(comms.GPSPortOpen != 0 ? kGpsDetachPicture : kGpsAttachPicture);
+  if (comms.AISPortOpen != 0)
+    p.ais = PictureFile(gpsThroAis ? kAisGpsDetachPicture : kAisDetachPicture);
+  else
+    p.ais = PictureFile(kAisAttachPicture);
+  return p;
+}
+
+}  // namespace kelvane

@@ -107,5 +107,15 @@ inline constexpr const char* kGpsDetachPicture = "\\res\\configdisgps.bmp";
 inline constexpr const char* kGpsAttachPicture = "\\res\\configengps.bmp";
 inline constexpr const char* kAisGpsDetachPicture = "\\res\\configdisaisgps.bmp";
 inline constexpr const char* kAisDetachPicture = "\\res\\confdisais.bmp";
+// The AIS button while its link is down (the rules leave it unnamed).
+inline constexpr const char* kAisAttachPicture = "\\res\\confenais.bmp";
+
+// The pictures of the two link buttons, by file name in the res folder:
+// while a link is up its button shows the picture that ends it.
+struct LinkPictures {
+  std::string gps;
+  std::string ais;
+};
+LinkPictures LinkPicturesFor(const CommsState& comms, bool gpsThroAis);
 
 }  // namespace kelvane

@@ -119,6 +119,24 @@ def dividers(cv, c):
     cv.line(8, 14, 16, 14, c)
 
 
+def gps(cv, c):
+    cv.rect(9, 9, 14, 14, c)            # a satellite: body and two panels
+    cv.line(2, 6, 8, 11, c, 2)
+    cv.line(15, 12, 21, 17, c, 2)
+    cv.line(12, 15, 12, 21, c)          # and its signal
+
+
+def ais(cv, c):
+    cv.line(12, 3, 5, 20, c, 2)         # a ship's triangle, as targets are drawn
+    cv.line(12, 3, 19, 20, c, 2)
+    cv.line(5, 20, 19, 20, c, 2)
+
+
+def aisgps(cv, c):
+    ais(cv, c)
+    cv.rect(16, 2, 21, 7, (20, 20, 200) if c != GREY else GREY)
+
+
 def off(cv):
     cv.line(3, 3, 20, 20, RED, 2)
 
@@ -136,6 +154,13 @@ PAIRS = [
     # they are off, "dividers" while they are on.
     ("dividerson.bmp", None, dividers, (40, 40, 40)),
     ("dividers.bmp", None, dividers, (200, 30, 30)),
+    # The link buttons: grey while the link is down (a click starts it),
+    # green while it is up (a click ends it).
+    ("configengps.bmp", None, gps, GREY),
+    ("configdisgps.bmp", None, gps, (20, 150, 40)),
+    ("confenais.bmp", None, ais, GREY),
+    ("confdisais.bmp", None, ais, (20, 150, 40)),
+    ("configdisaisgps.bmp", None, aisgps, (20, 150, 40)),
 ]
 
 

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QTimer>
+#include <QToolBar>
 
 #include "app/mainwindow.h"
 #include "app/mainwindow_instruments.h"
@@ -145,6 +146,15 @@ TEST(MainWindowInstruments, AttachPollDetach) {
             "Use the Configure GPS menu to see what available ports are on this PC.");
   EXPECT_FALSE(instruments->CommsTimer().isActive());
   EXPECT_TRUE(chart.Timer1().isActive());
+  // The link buttons show links that are down, with pictures from the
+  // data tree.
+  QAction* gpsButton = chart.ToolBar()->findChild<QAction*>("cmdGPSLink");
+  QAction* aisButton = chart.ToolBar()->findChild<QAction*>("cmdAISLink");
+  ASSERT_NE(gpsButton, nullptr);
+  ASSERT_NE(aisButton, nullptr);
+  EXPECT_EQ(gpsButton->data().toString(), "configengps.bmp");
+  EXPECT_EQ(aisButton->data().toString(), "confenais.bmp");
+  EXPECT_FALSE(gpsButton->icon().isNull());
 
   auto dir = kelvane::testing::MakeTempDir("kelvane-mainwindow");
   kelvane::testing::SocatPair pair(dir, "gps");
@@ -155,6 +165,7 @@ TEST(MainWindowInstruments, AttachPollDetach) {
   EXPECT_EQ(message, "");
   EXPECT_TRUE(instruments->CommsTimer().isActive());
   EXPECT_EQ(instruments->CommsTimer().interval(), 750);
+  EXPECT_EQ(gpsButton->data().toString(), "configdisgps.bmp");
   EXPECT_FALSE(chart.Timer1().isActive());
   {
     kelvane::testing::PacedWriter writer(pair.a(), 4800);
