@@ -137,6 +137,21 @@ std::string TwoDigits(int v) { return FormatNumber(v, "00"); }
 
 }  // namespace
 
+// The position of a fix sentence from its cut-up fields: the texts as
+// "DD.MM.mmmH" with an absent part read as "0", and the numbers.
+template <typename Fields>
+void FillPosition(Fields& out, std::string latDeg, std::string latMin, std::string_view ns, std::string lonDeg,
+                  std::string lonMin, std::string_view ew) {
+  if (latDeg.empty()) latDeg = "0";
+  if (latMin.empty()) latMin = "0";
+  if (lonDeg.empty()) lonDeg = "0";
+  if (lonMin.empty()) lonMin = "0";
+  out.latText = latDeg + "." + latMin + std::string(ns);
+  out.lonText = lonDeg + "." + lonMin + std::string(ew);
+  out.lat = CoordinateValue(latDeg, latMin, ns, 'S');
+  out.lon = CoordinateValue(lonDeg, lonMin, ew, 'W');
+}
+
 RmcFields ParseRMC(std::string_view sentence) {
   RmcFields r;
   if (!OwnChecksumOk(sentence)) {
@@ -175,14 +190,7 @@ RmcFields ParseRMC(std::string_view sentence) {
   r.variationText = f.Next();
   r.variationSide = f.UpToStar();
 
-  if (latDeg.empty()) latDeg = "0";
-  if (latMin.empty()) latMin = "0";
-  if (lonDeg.empty()) lonDeg = "0";
-  if (lonMin.empty()) lonMin = "0";
-  r.latText = latDeg + "." + latMin + std::string(ns);
-  r.lonText = lonDeg + "." + lonMin + std::string(ew);
-  r.lat = CoordinateValue(latDeg, latMin, ns, 'S');
-  r.lon = CoordinateValue(lonDeg, lonMin, ew, 'W');
+  FillPosition(r, latDeg, latMin, ns, lonDeg, lonMin, ew);
   return r;
 }
 
@@ -211,14 +219,7 @@ GllFields ParseGLL(std::string_view sentence) {
   g.time = f.NextBeforeStar();
   g.status = FirstChar(f.NextBeforeStar()) == "A" ? kFixGood : kFixWarning;
 
-  if (latDeg.empty()) latDeg = "0";
-  if (latMin.empty()) latMin = "0";
-  if (lonDeg.empty()) lonDeg = "0";
-  if (lonMin.empty()) lonMin = "0";
-  g.latText = latDeg + "." + latMin + std::string(ns);
-  g.lonText = lonDeg + "." + lonMin + std::string(ew);
-  g.lat = CoordinateValue(latDeg, latMin, ns, 'S');
-  g.lon = CoordinateValue(lonDeg, lonMin, ew, 'W');
+  FillPosition(g, latDeg, latMin, ns, lonDeg, lonMin, ew);
   return g;
 }
 
