@@ -137,8 +137,14 @@ void ChartInteractionController::BuildPopupItems() {
   menu->addAction(make("mnuPUDivHome", "Dividers Zero Here", [this] { mnuPUDivHome(); }));
   menu->addSeparator();
   menu->addAction(make("mnuPUAISDetails", "AIS Details", [] {}));
-  menu->addAction(make("mnuPUTidalHeightDetails", "Tidal Height Details", [] {}));
-  menu->addAction(make("mnuPUTidalStreamDetails", "Tidal Stream Details", [] {}));
+  // The tide and stream detail views come with the tide window and the
+  // diamond report: until then their items stay grey and unanswered.
+  for (const auto& [name, caption] : {std::pair{"mnuPUTidalHeightDetails", "Tidal Height Details"},
+                                      std::pair{"mnuPUTidalStreamDetails", "Tidal Stream Details"}}) {
+    auto* a = menu->addAction(caption);
+    a->setObjectName(name);
+    popupItems_[name] = a;
+  }
   for (const char* later : {"mnuPUAISDetails", "mnuPUTidalHeightDetails", "mnuPUTidalStreamDetails"})
     popupItems_[later]->setEnabled(false);
   if (QAction* rect = PopupItem("mnuPUZoomRect"))
