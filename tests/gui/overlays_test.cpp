@@ -142,7 +142,7 @@ TEST(Overlays, WaypointsAsCirclesOrBandedMarks) {
     s.state.waypoints.ChartWaypoints.insert(s.state.waypoints.ChartWaypoints.end() - 1, w);
   };
   add(200, 200, "Bembridge Ledge", "BYB");
-  add(400, 200, "Poole Fairway", "rw");
+  add(400, 300, "Poole Fairway", "rw");  // a row of its own: the name left of it runs this far
   add(600, 200, "Odd", "XYZ");
   add(0, 200, "On the frame", "G");  // column 0 is off the surface
   const SettingsRecord& st = s.state.settings;
@@ -164,8 +164,8 @@ TEST(Overlays, WaypointsAsCirclesOrBandedMarks) {
   EXPECT_TRUE(Is(marks, 200, 194, kBandBlack));   // BYB: black over
   EXPECT_TRUE(Is(marks, 200, 200, kBandYellow));  // yellow over
   EXPECT_TRUE(Is(marks, 200, 206, kBandBlack));   // black
-  EXPECT_TRUE(Is(marks, 400, 196, kBandRed));     // RW: red over white
-  EXPECT_TRUE(Is(marks, 400, 204, kBandWhite));
+  EXPECT_TRUE(Is(marks, 400, 296, kBandRed));     // RW: red over white
+  EXPECT_TRUE(Is(marks, 400, 304, kBandWhite));
   EXPECT_TRUE(Is(marks, 600, 200, st.WayColour));  // no bands: the plain mark
   // The layer switched off draws nothing.
   s.state.settings.ShowWaypoints = 0.0f;
