@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QTimer>
 #include <QToolBar>
@@ -79,6 +80,21 @@ TEST(GpsConfigForms, WriteTheSettingsRecord) {
   EXPECT_EQ(r.AISPort, 0);
   EXPECT_EQ(r.AISBaudCode, 7);
   EXPECT_EQ(r.GPSBaudCode, 5);  // the GPS part kept
+
+  // The comments switch follows its field both ways: it was always shown
+  // ticked and never written.
+  {
+    forms::FrmGPSConfig again(tree.folders.SettingsFile(), ports, {pair.b()});
+    auto* comments = again.findChild<QCheckBox*>("chkcomments");
+    EXPECT_FALSE(comments->isChecked());  // the record written above holds 0
+    comments->setChecked(true);
+    again.findChild<QCheckBox*>("chktracklayer")->setChecked(true);
+    ASSERT_TRUE(again.cmdOK_Click());
+  }
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).GPSOption1, 1.0f);
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).TrackLayer, 1.0f);
+  forms::FrmGPSConfig reopened(tree.folders.SettingsFile(), ports, {pair.b()});
+  EXPECT_TRUE(reopened.findChild<QCheckBox*>("chkcomments")->isChecked());
   fs::remove_all(dir);
 }
 
