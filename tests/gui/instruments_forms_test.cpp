@@ -74,11 +74,14 @@ TEST(GpsConfigForms, WriteTheSettingsRecord) {
 
   forms::FrmAISGPSConfig ais(tree.folders.SettingsFile(), ports, {pair.b()});
   ais.findChild<QComboBox*>("cmbAISPort")->setCurrentIndex(0);
-  ais.findChild<QComboBox*>("cmbAISSpeed")->setCurrentText("38400");
+  ais.findChild<QComboBox*>("cmbAISBaud")->setCurrentText("38400");
+  // cmbAISSpeed is the slowest target drawn, in knots, not a baud rate.
+  ais.findChild<QComboBox*>("cmbAISSpeed")->setCurrentText("0.5");
   ASSERT_TRUE(ais.cmdOK_Click());
   r = ReadSettings(tree.folders.SettingsFile());
   EXPECT_EQ(r.AISPort, 0);
   EXPECT_EQ(r.AISBaudCode, 7);
+  EXPECT_EQ(r.AISMinSpeed, 0.5f);
   EXPECT_EQ(r.GPSBaudCode, 5);  // the GPS part kept
 
   // The comments switch follows its field both ways: it was always shown
