@@ -148,6 +148,7 @@ TEST(MainWindowAis, TargetFromThePortKeysPopupMenusMarkAndCount) {
   EXPECT_EQ(ReadSettings(chart.State().folders.SettingsFile()).AISHeadingVector, heading != 0 ? 0 : -1);
   EXPECT_EQ(t.ShowHeading, s.AISHeadingVector);
   PaintedCorners(chart);  // the extras draw without fault
+  Screenshot(&chart, "ais_target_on_chart");
 
   // The popup's AIS item is on with AIS and switches the details.
   QAction* item = chart.Interaction()->PopupItem("mnuPUAISDetails");
