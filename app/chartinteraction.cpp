@@ -344,6 +344,11 @@ void ChartInteractionController::OnKey(QKeyEvent* event) {
   context.timeNow = window_.State().moment.WorkingTime;
   KeyOutcome k = machine_.KeyDown(key, shift, context);
   Apply(k.effects);
+  // F2 and F3 to F6 act on the AIS target nearest to the cursor.
+  if (InstrumentsController* instruments = window_.Instruments()) {
+    if (k.command == KeyCommand::AisDetails) instruments->OpenAISDetailsNear(pane_.CursorLat(), pane_.CursorLon());
+    if (k.command == KeyCommand::AisFlag) instruments->ToggleAISFlagNear(pane_.CursorLat(), pane_.CursorLon(), k.value);
+  }
   switch (k.command) {
     case KeyCommand::Viewer:
       pane_.HandleKey(event->key() == Qt::Key_Plus ? Qt::Key_Equal : event->key(), event->modifiers());

@@ -39,6 +39,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent) : QMainWindow(parent), s
   ConnectMenus();
   instruments_ = new InstrumentsController(*this);
   InstallInteraction();
+  instruments_->ConnectChart();
   ConnectPassageMenus();
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);

@@ -15,12 +15,18 @@
 #include "forms/frmGPSConfig.h"
 #include "forms/frmgpsdetail.h"
 #include "forms/messages.h"
+#include "app/chartpane.h"
+#include "app/mainwindow_layers.h"
+#include "instruments/comms_forms.h"
 
 namespace kelvane::app {
 
 InstrumentsController::InstrumentsController(FrmChart& chart) : QObject(&chart), chart_(chart) {
   setObjectName("Instruments");
   ports_ = std::make_unique<QtSerialPorts>(ProgramSerialDevices(StoreFile()));
+  // The predictions of the targets and of the own ship take the tidal
+  // stream where it is known (when the settings ask for it).
+  state_.targets.stream = [this](float lat, float lon) { return StreamNow(lat, lon); };
   commsTimer_.setInterval(kCommsTimerInterval);
   connect(&commsTimer_, &QTimer::timeout, this, &InstrumentsController::CommsTimer_Timer);
   ConnectMenus();
@@ -64,27 +70,38 @@ void InstrumentsController::ConnectMenus() {
     });
     UpdateMenus();
   }
-  enable("mnuShowAISDetails", [this] {
-    SettingsRecord& s = chart_.State().settings;
-    s.ShowAISDetails = s.ShowAISDetails != 0 ? 0 : -1;
-    for (AISTarget& t : state_.targets.AISTargets) t.ShowDetails = s.ShowAISDetails;
-    SaveSettings();
-  });
-  enable("mnuAISDisplayPredicted", [this] {
-    SettingsRecord& s = chart_.State().settings;
-    s.AISPredTrack = s.AISPredTrack != 0 ? 0 : -1;
-    SaveSettings();
-  });
-  enable("mnuAISShowHeadVect", [this] {
-    SettingsRecord& s = chart_.State().settings;
-    s.AISHeadingVector = s.AISHeadingVector != 0 ? 0 : -1;
-    SaveSettings();
-  });
+  // The AIS display switches: the setting flips, every target follows it,
+  // and the record is written at once.
+  auto aisSwitch = [this, &enable](const char* name, std::int16_t SettingsRecord::*field, TargetFlag flag) {
+    enable(name, [this, field, flag] {
+      SettingsRecord& s = chart_.State().settings;
+      s.*field = s.*field != 0 ? 0 : -1;
+      SetTargetFlags(state_.targets, flag, s.*field);
+      TakeTableSettings();
+      SaveSettings();
+      SyncAISMenus();
+      emit chart_.RedrawRequested();
+    });
+  };
+  aisSwitch("mnuShowAISDetails", &SettingsRecord::ShowAISDetails, TargetFlag::Details);
+  aisSwitch("mnuAISDisplayPredicted", &SettingsRecord::AISPredTrack, TargetFlag::Predicted);
+  aisSwitch("mnuAISShowHeadVect", &SettingsRecord::AISHeadingVector, TargetFlag::Heading);
   enable("mnuCopyComPortDetails", [this] {
     WithPortsClosed([this] {
       forms::FrmCommsInfo form(*ports_, ports_->Devices(), &chart_);
+      if (allBaudRates_) {
+        // The list is widened without telling again what the menu said.
+        form.showMessage = [](const std::string&) {};
+        form.mnuAllBaudRates_Click();
+        form.showMessage = forms::DefaultMessageSink(&form);
+      }
       form.exec();
     });
+  });
+  // The port test offers every rate of the serial library while this is on.
+  enable("mnuAllBaudRates", [this](bool on) {
+    allBaudRates_ = on;
+    if (on) chart_.showMessage(kAllRatesAvailable);
   });
   // The entries of this subsystem that the menu table does not carry.
   QMenu* menu = chart_.menuBar()->findChild<QMenu*>("menuInstruments");
@@ -115,12 +132,23 @@ void InstrumentsController::ConnectMenus() {
   });
   add("mnuAISSummary", "AIS Targets...", [this] {
     forms::FrmAISSummary form(state_.targets, state_.own, ClockNow().Hours(), &chart_);
+    // Mark: the chosen target is ringed on the chart and brought into view.
+    connect(&form, &forms::FrmAISSummary::MarkPosition, this, [this](std::int32_t mmsi, float lat, float lon) {
+      chart_.Layers().pickedAisMmsi = mmsi;
+      if (chart_.Chart()) chart_.Chart()->LocatePoint(lat, lon);
+      emit chart_.RedrawRequested();
+    });
+    connect(&form, &forms::FrmAISSummary::ClearMark, this, [this] {
+      chart_.Layers().pickedAisMmsi = 0;
+      emit chart_.RedrawRequested();
+    });
     form.exec();
   });
   UpdateMenus();
 }
 
 void InstrumentsController::TakeSettings() {
+  TakeTableSettings();
   const SettingsRecord& s = chart_.State().settings;
   comms_.GPSPort = s.GPSPort;
   comms_.GPSBaudCode = s.GPSBaudCode;
@@ -129,10 +157,20 @@ void InstrumentsController::TakeSettings() {
   comms_.GPSInterval = s.GPSInterval > 0 ? s.GPSInterval : 5;
   comms_.GPSCentre = s.GPSCentre;
   state_.GPSThroAIS = s.GPSThroAIS;
-  state_.targets.settings.AheadVector = s.AheadVector;
-  state_.targets.settings.AheadIntervals = s.AheadIntervals;
-  state_.targets.settings.BoatFutureTidePlot = s.BoatFutureTidePlot;
-  state_.targets.settings.ShowAISDetails = s.ShowAISDetails;
+}
+
+void InstrumentsController::TakeTableSettings() {
+  const SettingsRecord& s = chart_.State().settings;
+  AisTableSettings& t = state_.targets.settings;
+  t.AheadVector = s.AheadVector;
+  t.AheadIntervals = s.AheadIntervals;
+  t.BoatFutureTidePlot = s.BoatFutureTidePlot;
+  t.ShowAISDetails = s.ShowAISDetails;
+  t.AISHistTrack = s.AISHistTrack;
+  t.AISPredTrack = s.AISPredTrack;
+  t.AISHeadingVector = s.AISHeadingVector;
+  // Keeping the boat in view is switched from the chart at any time.
+  comms_.GPSCentre = s.GPSCentre;
 }
 
 void InstrumentsController::SaveSettings() {
@@ -144,6 +182,11 @@ void InstrumentsController::UpdateMenus() {
   if (QAction* a = chart_.Action("mnuAISEnable")) a->setText(throAis ? "Attach AIS/GPS" : "Attach AIS");
   if (QAction* a = chart_.Action("mnuAISDisable")) a->setText(throAis ? "Detach AIS/GPS" : "Detach AIS");
   if (QAction* a = chart_.Action("mnuGPSattach")) a->setText(comms_.GPSPortOpen != 0 ? "Detach GPS" : "Attach GPS");
+  // Each entry is on when it can act: a link is ended only while it runs.
+  if (QAction* a = chart_.Action("mnuPosGpsDisconnect")) a->setEnabled(comms_.GPSPortOpen != 0);
+  if (QAction* a = chart_.Action("mnuAISEnable")) a->setEnabled(comms_.AISPortOpen == 0);
+  if (QAction* a = chart_.Action("mnuAISDisable")) a->setEnabled(comms_.AISPortOpen != 0);
+  SyncAISMenus();
   // The link buttons show the state of their links.
   LinkPictures pictures = LinkPicturesFor(comms_, throAis);
   const std::filesystem::path res = chart_.State().folders.DataRoot() / "res";
@@ -174,6 +217,7 @@ CommsHooks InstrumentsController::Hooks() {
   CommsHooks hooks;
   hooks.timer1Routine = [this] { chart_.MinuteTick(); };
   hooks.redrawOverlays = [this] { emit chart_.RedrawRequested(); };
+  hooks.recentreCheck = [this] { RecentreOnBoat(); };
   hooks.pumpEvents = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
   return hooks;
 }
@@ -221,13 +265,16 @@ void InstrumentsController::mnuAISDisable_Click() {
 }
 
 void InstrumentsController::mnuDecode21_Click() {
+  TakeTableSettings();
   comms_.AISAttached = -1;
   DecodeTestAid(state_, ClockNow());
+  SyncAISMenus();
   emit chart_.RedrawRequested();
 }
 
 void InstrumentsController::CommsTimer_Timer() {
   commsTimer_.stop();
+  TakeTableSettings();
   TickReport report = CommsTick(comms_, state_, *ports_, ClockNow(), Hooks());
   // The monitor follows every tick, not only those with data, so that its
   // line states tell the user at once when the port has gone.

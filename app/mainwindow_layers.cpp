@@ -92,7 +92,11 @@ void FrmChart::PaintOverlays(QPainter& painter) {
     sources.aisOn = instruments_->Comms().AISAttached != 0 || instruments_->State().AISReplayActive != 0;
     sources.clockHours = instruments_->Comms().TimeNowHours;
   }
-  sources.pickedAisTarget = layers_->pickedAisTarget;
+  if (instruments_ && layers_->pickedAisMmsi != 0) {
+    const auto& targets = instruments_->State().targets.AISTargets;
+    for (std::size_t i = 0; i < targets.size(); ++i)
+      if (targets[i].MMSI == layers_->pickedAisMmsi) sources.pickedAisTarget = static_cast<int>(i);
+  }
   OverlayOutcome out = layers_->painter.Paint(painter, view, sources);
   state_.marks.MarkRadius = out.markRadius;
   // lblMOB shows the MOB position while it is on the surface.

@@ -18,7 +18,7 @@ struct LayerControls {
   int brightness = kFullBrightness;  // percent, 10 to 100
   bool night = false;
   QPalette dayPalette;
-  int pickedAisTarget = -1;    // the target picked in the AIS summary
+  std::int32_t pickedAisMmsi = 0;  // the target marked in the AIS summary (0 none)
 };
 
 }  // namespace kelvane::app

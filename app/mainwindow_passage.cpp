@@ -3,11 +3,17 @@
 // calculation redraws the chart with its track and shows the results,
 // whose closing puts the tides back to the working day.
 #include <QAction>
+#include <QDockWidget>
+#include <QMenu>
+#include <QPlainTextEdit>
 
 #include "app/mainwindow.h"
+#include "app/mainwindow_instruments.h"
+#include "forms/formsupport.h"
 #include "forms/frmcalcroute.h"
 #include "forms/frmresults.h"
 #include "forms/frmroutehistory.h"
+#include "forms/frmrouteinfo.h"
 #include "passage/routecalc.h"
 
 namespace kelvane::app {
@@ -22,6 +28,36 @@ void FrmChart::ConnectPassageMenus() {
   QAction* last = Action("mnuLastRouteResults");
   last->setEnabled(true);
   connect(last, &QAction::triggered, this, &FrmChart::mnuLastRouteResults_Click);
+
+  // The route's point list with the summary of its last calculation, after
+  // the last results; there is something to list once a point is marked.
+  if (auto* menu = qobject_cast<QMenu*>(last->parent())) {
+    auto* info = new QAction("Route Information...", menu);
+    info->setObjectName("mnuRouteInfo");
+    const QList<QAction*> items = menu->actions();
+    const qsizetype at = items.indexOf(last);
+    menu->insertAction(at + 1 < items.size() ? items[at + 1] : nullptr, info);
+    connect(info, &QAction::triggered, this, [this] {
+      auto* form = new forms::frmrouteinfo(state_.passage, this);
+      form->setAttribute(Qt::WA_DeleteOnClose);
+      form->show();
+    });
+    connect(menu, &QMenu::aboutToShow, this, [this, info] { info->setEnabled(RouteCount(state_.passage) >= 1); });
+    info->setEnabled(false);
+  }
+
+  // The report box: the legs of the last calculation, line by line as
+  // each leg is worked, beside the chart. It shows itself at the first
+  // calculation and can be closed and docked like any pane.
+  auto* dock = new QDockWidget("Route Report", this);
+  dock->setObjectName("dockRouteReport");
+  auto* box = new QPlainTextEdit(dock);
+  box->setObjectName("txtRouteReport");
+  box->setReadOnly(true);
+  box->setLineWrapMode(QPlainTextEdit::NoWrap);
+  dock->setWidget(box);
+  addDockWidget(Qt::BottomDockWidgetArea, dock);
+  dock->hide();
 }
 
 void FrmChart::mnucalcrte_Click() {
@@ -35,6 +71,29 @@ void FrmChart::mnucalcrte_Click() {
 
   forms::frmcalcroute form(state_.passage, state_.Streams(), state_.settings, state_.moment, this);
   form.showMessage = showMessage;
+  form.gpsReading = [this] {
+    GpsReading fix;
+    if (!instruments_) return fix;
+    const OwnShipState& own = instruments_->State().own;
+    fix.valid = own.GPSValid == -1;
+    fix.lat = own.GPSLat;
+    fix.lon = own.GPSLong;
+    fix.sog = own.GPSSpeed;
+    return fix;
+  };
+  form.Timer1_Timer();
+  // Each calculation starts the report box afresh.
+  auto* box = findChild<QPlainTextEdit*>("txtRouteReport");
+  bool reportStarted = false;
+  form.reportLines = [this, box, &reportStarted](const std::vector<std::string>& lines) {
+    if (!box) return;
+    if (!reportStarted) {
+      box->clear();
+      reportStarted = true;
+      if (auto* dock = findChild<QDockWidget*>("dockRouteReport")) dock->show();
+    }
+    for (const std::string& line : lines) box->appendPlainText(forms::ToQString(line));
+  };
   // The idle timer waits while the legs are worked: its minute's work
   // could reload the tides under the calculation.
   form.working = [this, wasActive = false](bool on) mutable {

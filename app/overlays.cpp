@@ -9,6 +9,7 @@
 #include "core/format.h"
 #include "core/positions.h"
 #include "core/timetext.h"
+#include "instruments/ais_report.h"
 #include "instruments/receive.h"
 
 namespace kelvane::app {
@@ -567,9 +568,48 @@ void DrawStreams(OverlayFrame& f) {
 
 namespace {
 
-void DrawInAISBoat(OverlayFrame& f, bool filled, std::int32_t colour, const AISTarget& t) {
+// The target's own extras, each under its switch: the history trail
+// through the six samples (dashed), the predicted track through the six
+// dead-reckoned points with a tick at each, the heading vector along the
+// course for the run of one prediction step (at least 20 pixels), and the
+// label of the field chosen in the AIS settings.
+void DrawAISExtras(OverlayFrame& f, std::int32_t colour, const AISTarget& t, ScreenPoint at) {
+  QPainter& d = f.painter;
+  auto trail = [&](const std::array<AisPoint, 7>& points, bool ticks) {
+    ScreenPoint last = at;
+    for (std::size_t k = 1; k <= 6; ++k) {
+      const ScreenPoint p = f.view.ToScreen(points[k].Lat, points[k].Long);
+      if (On(f, p) || On(f, last)) DrawLine(last.x, last.y, p.x, p.y, d);
+      if (ticks && On(f, p)) Circle(d, p, 2);
+      last = p;
+    }
+  };
+  if (t.ShowHistory != 0) {
+    SelectDashPen(d, 1, colour);
+    trail(t.History, false);
+    RestorePen(d);
+  }
+  SelectSolidPen(d, 1, colour);
+  if (t.ShowPredicted != 0) trail(t.Predicted, true);
+  if (t.ShowHeading != 0) {
+    const float run = t.Speed * f.sources.instruments->targets.settings.AheadIntervals / 60.0f;
+    const double length = std::max(20.0, f.view.MilesToPixels(t.Lat, run));
+    const double c = t.Course * 0.017453293;
+    DrawLine(at.x, at.y, at.x + std::sin(c) * length, at.y - std::cos(c) * length, d);
+  }
+  RestorePen(d);
+  if (t.ShowDetails != 0) {
+    const int height = ScaledTextHeight(f.settings.TextWaySize, f.markRadius, f.baseRadius);
+    SelectFont(d, "Arial", height);
+    DrawLabel(f, QString::fromStdString(AisLabelText(t, f.settings.AISListIndex)), at.x + 8, at.y + 6, height,
+              colour);
+    RestoreFont(d);
+  }
+}
+
+bool DrawInAISBoat(OverlayFrame& f, bool filled, std::int32_t colour, const AISTarget& t) {
   const ScreenPoint at = f.view.ToScreen(t.Lat, t.Long);
-  if (!On(f, at)) return;
+  if (!On(f, at)) return false;
   QPainter& d = f.painter;
   SelectSolidPen(d, f.settings.AISLineWidth, colour);
   if (f.settings.DisplayAISAsBoat == 0) {
@@ -582,11 +622,13 @@ void DrawInAISBoat(OverlayFrame& f, bool filled, std::int32_t colour, const AIST
     Circle(d, at, 4);
   }
   RestorePen(d);
+  DrawAISExtras(f, colour, t, at);
+  return true;
 }
 
-void DrawInAIS_SAR(OverlayFrame& f, const AISTarget& t) {
+bool DrawInAIS_SAR(OverlayFrame& f, const AISTarget& t) {
   const ScreenPoint at = f.view.ToScreen(t.Lat, t.Long);
-  if (!On(f, at)) return;
+  if (!On(f, at)) return false;
   QPainter& d = f.painter;
   SelectSolidPen(d, f.settings.AISLineWidth, f.settings.AISColour);
   // An aircraft: fuselage along the course and the wings across it.
@@ -594,6 +636,8 @@ void DrawInAIS_SAR(OverlayFrame& f, const AISTarget& t) {
   DrawLine(at.x - ux * 8, at.y - uy * 8, at.x + ux * 8, at.y + uy * 8, d);
   DrawLine(at.x + uy * 8, at.y - ux * 8, at.x - uy * 8, at.y + ux * 8, d);
   RestorePen(d);
+  DrawAISExtras(f, f.settings.AISColour, t, at);
+  return true;
 }
 
 }  // namespace
@@ -601,6 +645,7 @@ void DrawInAIS_SAR(OverlayFrame& f, const AISTarget& t) {
 void DrawAIS(OverlayFrame& f) {
   if (!f.sources.aisOn || !f.sources.instruments) return;
   const SettingsRecord& s = f.settings;
+  int& drawn = f.outcome.drawnAisTargets;
   for (AISTarget& t : f.sources.instruments->targets.AISTargets) {
     const bool close = t.CPA >= 0 && f.sources.gpsOn && t.CPA <= s.CPAAlarm;
     switch (t.MessageType) {
@@ -608,24 +653,25 @@ void DrawAIS(OverlayFrame& f) {
       case 2:
       case 3:
         if (close) {
-          DrawInAISBoat(f, true, s.AISColour, t);
           t.ShowDetails = -1;  // a close target shows its details by itself
+          drawn += DrawInAISBoat(f, true, s.AISColour, t);
         } else if (t.Speed >= s.AISMinSpeed) {
-          DrawInAISBoat(f, false, s.AISColour, t);
+          drawn += DrawInAISBoat(f, false, s.AISColour, t);
         }
         break;
       case 18:
         if (close) {
-          DrawInAISBoat(f, true, s.AISColour2, t);
           t.ShowDetails = -1;
+          drawn += DrawInAISBoat(f, true, s.AISColour2, t);
         } else {
-          DrawInAISBoat(f, false, s.AISColour2, t);
+          drawn += DrawInAISBoat(f, false, s.AISColour2, t);
         }
         break;
-      case 9: DrawInAIS_SAR(f, t); break;
+      case 9: drawn += DrawInAIS_SAR(f, t); break;
       case 21: {
         const ScreenPoint at = f.view.ToScreen(t.Lat, t.Long);
         if (!On(f, at)) break;
+        ++drawn;
         int aidType = -1;
         try {
           aidType = std::stoi(t.ShipType);

@@ -71,6 +71,7 @@ struct OverlayOutcome {
   int markRadius = 0;
   int drawnWaypoints = 0;  // marks that were on the surface
   int drawnArrows = 0;
+  int drawnAisTargets = 0;  // AIS targets on the surface ("Num AIS Targets Drawn = ")
 };
 
 // Laid-out label texts kept from paint to paint, by font height and text:

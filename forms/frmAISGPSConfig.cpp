@@ -19,8 +19,11 @@ FrmAISGPSConfig::FrmAISGPSConfig(std::filesystem::path settingsFile, SerialPorts
   int row = 2;
   layout_->insertRow(row++, "AIS port",
                      Combo("cmbAISPort", portTexts, record_.AISPort >= 0 ? PortText(record_.AISPort) : std::string()));
-  layout_->insertRow(row++, "AIS speed",
-                     Combo("cmbAISSpeed", AllBaudRates(), std::to_string(BaudRateOfCode(record_.AISBaudCode))));
+  layout_->insertRow(row++, "AIS baud rate",
+                     Combo("cmbAISBaud", AllBaudRates(), std::to_string(BaudRateOfCode(record_.AISBaudCode))));
+  // The slowest moving target that is drawn, knots.
+  layout_->insertRow(row++, "AIS minimum speed (kn)",
+                     Combo("cmbAISSpeed", {"0", "0.5", "1", "2", "3", "5", "10"}, NumberText(record_.AISMinSpeed)));
   layout_->insertRow(row++, "AIS line width",
                      Combo("cmbAISLineWidth", {"1", "2", "3", "4", "5"}, std::to_string(record_.AISLineWidth)));
   const std::vector<std::string>& fields = AisFieldChoices();
@@ -34,8 +37,10 @@ void FrmAISGPSConfig::ReadControls() {
   FrmGPSConfig::ReadControls();
   int port = PortOfText(ComboText(static_cast<QComboBox*>(controls_["cmbAISPort"])));
   if (port >= 0) record_.AISPort = static_cast<std::int16_t>(port);
-  int code = BaudCodeOfRate(static_cast<int>(TextValue(ComboText(static_cast<QComboBox*>(controls_["cmbAISSpeed"])))));
+  int code = BaudCodeOfRate(static_cast<int>(TextValue(ComboText(static_cast<QComboBox*>(controls_["cmbAISBaud"])))));
   if (code >= 0) record_.AISBaudCode = static_cast<std::int16_t>(code);
+  const double minSpeed = TextValue(ComboText(static_cast<QComboBox*>(controls_["cmbAISSpeed"])));
+  if (minSpeed >= 0) record_.AISMinSpeed = static_cast<float>(minSpeed);
   record_.AISLineWidth = RoundToInt16(TextValue(ComboText(static_cast<QComboBox*>(controls_["cmbAISLineWidth"]))));
   record_.AISListIndex = static_cast<std::int16_t>(static_cast<QComboBox*>(controls_["cmbAISFields"])->currentIndex());
   record_.GPSThroAIS = static_cast<QCheckBox*>(controls_["chkGPSThroAIS"])->isChecked() ? -1 : 0;

@@ -28,17 +28,13 @@ FrmAISSummary::FrmAISSummary(const AisTargetTable& table, const OwnShipState& ow
   };
   QPushButton* details = button("Command1", "Details");
   QPushButton* mark = button("cmdMarkAISPt", "Mark Position");
-  QPushButton* clear = button("cmdClear", "Refresh");
+  QPushButton* clear = button("cmdClear", "Clear Mark");
   QPushButton* close = button("Command2", "Close");
   outer->addLayout(row);
   connect(lstAISTargets_, &QListWidget::itemDoubleClicked, this, &FrmAISSummary::lstAISTargets_Click);
   connect(details, &QPushButton::clicked, this, &FrmAISSummary::lstAISTargets_Click);
-  connect(mark, &QPushButton::clicked, this, [this] {
-    int r = lstAISTargets_->currentRow();
-    if (r >= 0 && r < static_cast<int>(targets_.size()))
-      emit MarkPosition(targets_[static_cast<std::size_t>(r)].Lat, targets_[static_cast<std::size_t>(r)].Long);
-  });
-  connect(clear, &QPushButton::clicked, this, &FrmAISSummary::Fill);
+  connect(mark, &QPushButton::clicked, this, &FrmAISSummary::cmdMarkAISPt_Click);
+  connect(clear, &QPushButton::clicked, this, &FrmAISSummary::ClearMark);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   Fill();
 }
@@ -47,6 +43,15 @@ void FrmAISSummary::Fill() {
   lstAISTargets_->clear();
   for (const AISTarget& t : targets_) lstAISTargets_->addItem(ToQString(AisSummaryLine(t, own_, now_)));
 }
+
+void FrmAISSummary::cmdMarkAISPt_Click() {
+  const int r = lstAISTargets_->currentRow();
+  if (r < 0 || r >= static_cast<int>(targets_.size())) return;
+  const AISTarget& t = targets_[static_cast<std::size_t>(r)];
+  emit MarkPosition(t.MMSI, t.Lat, t.Long);
+}
+
+void FrmAISSummary::SelectRow(int row) { lstAISTargets_->setCurrentRow(row); }
 
 int FrmAISSummary::LineCount() const { return lstAISTargets_->count(); }
 std::string FrmAISSummary::LineText(int row) const { return FromQString(lstAISTargets_->item(row)->text()); }

@@ -24,12 +24,19 @@ class FrmAISSummary : public QDialog {
   std::vector<std::string> DetailsOf(int row) const;
 
  signals:
-  // The user asked for a mark at the chosen target's position.
-  void MarkPosition(float lat, float lon);
+  // Mark: the user asked for the chosen target to be marked on the chart.
+  void MarkPosition(std::int32_t mmsi, float lat, float lon);
+  // Clear Mark: the chart's mark of a target goes.
+  void ClearMark();
 
  private:
   void Fill();
   void lstAISTargets_Click();
+ public:
+  void cmdMarkAISPt_Click();
+  void SelectRow(int row);
+
+ private:
   std::vector<AISTarget> targets_;
   OwnShipState own_;
   float now_;

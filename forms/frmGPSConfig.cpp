@@ -87,7 +87,7 @@ void FrmGPSConfig::Build() {
                   Combo("cmbBoatLineWidth", {"1", "2", "3", "4", "5"}, std::to_string(record_.BoatLineWidth)));
   layout_->addRow(Check("chkGPSCentre", "Keep boat centred", record_.GPSCentre != 0));
   layout_->addRow(Check("chkEnableRings", "Range rings", record_.EnableRings != 0));
-  layout_->addRow(Check("chkcomments", "Track comments", true));
+  layout_->addRow(Check("chkcomments", "Track comments", record_.GPSOption1 != 0));
   layout_->addRow(Check("chktracklayer", "Track layer", record_.TrackLayer != 0));
   layout_->addRow(Check("chkBoatFutureTidePlot", "Predict with tidal stream", record_.BoatFutureTidePlot != 0));
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -123,7 +123,9 @@ void FrmGPSConfig::ReadControls() {
   record_.BoatLineWidth = RoundToInt16(TextValue(Text(controls_["cmbBoatLineWidth"])));
   record_.GPSCentre = Flag(controls_["chkGPSCentre"]);
   record_.EnableRings = Flag(controls_["chkEnableRings"]);
-  record_.TrackLayer = Flag(controls_["chktracklayer"]);
+  // Two switches of this form are kept as 32-bit reals, 1.0 on and 0.0 off.
+  record_.TrackLayer = static_cast<QCheckBox*>(controls_["chktracklayer"])->isChecked() ? 1.0f : 0.0f;
+  record_.GPSOption1 = static_cast<QCheckBox*>(controls_["chkcomments"])->isChecked() ? 1.0f : 0.0f;
   record_.BoatFutureTidePlot = Flag(controls_["chkBoatFutureTidePlot"]);
 }
 

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "core/format.h"
@@ -94,8 +95,11 @@ void frmcalcroute::Build() {
   chkUseSOG = new QCheckBox("Use SOG", this);
   chkUseSOG->setObjectName("chkUseSOG");
   chkUseSOG->setEnabled(false);
-  lblGPS = new QLabel("No data", this);
+  lblGPS = new QLabel(ToQString(GpsLineText({})), this);
   lblGPS->setObjectName("lblGPS");
+  Timer1 = new QTimer(this);
+  Timer1->setObjectName("Timer1");
+  Timer1->setInterval(1000);
   cmdWind = Button(this, "cmdWind", "Wind...");
   cmdWind->setEnabled(false);
   cmdTack = Button(this, "cmdTack", "Tack");
@@ -178,6 +182,9 @@ void frmcalcroute::Build() {
   connect(cmdreverse, &QPushButton::clicked, this, &frmcalcroute::cmdreverse_Click);
   connect(cmdCopy, &QPushButton::clicked, this, &frmcalcroute::cmdCopy_Click);
   connect(Cmdrteok, &QPushButton::clicked, this, &frmcalcroute::Cmdrteok_Click);
+  connect(cmdUseGPS, &QPushButton::clicked, this, &frmcalcroute::cmdUseGPS_Click);
+  connect(Timer1, &QTimer::timeout, this, &frmcalcroute::Timer1_Timer);
+  Timer1->start();
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -226,6 +233,21 @@ void frmcalcroute::cmdreverse_Click() {
   RefreshLegs();
 }
 
+void frmcalcroute::Timer1_Timer() {
+  const GpsReading fix = gpsReading ? gpsReading() : GpsReading{};
+  lblGPS->setText(ToQString(GpsLineText(fix)));
+  if (working_) return;
+  cmdUseGPS->setEnabled(fix.valid);
+  chkUseSOG->setEnabled(fix.valid);
+}
+
+void frmcalcroute::cmdUseGPS_Click() {
+  const GpsReading fix = gpsReading ? gpsReading() : GpsReading{};
+  if (!fix.valid) return;
+  UseGpsPosition(passage_, fix, chkUseSOG->isChecked());
+  RefreshLegs();
+}
+
 void frmcalcroute::cmdCopy_Click() { CopyLines(LegListLines(passage_)); }
 
 void frmcalcroute::reject() {
@@ -241,6 +263,12 @@ void frmcalcroute::SetWorking(bool working) {
                      static_cast<QWidget*>(chkLeeway), static_cast<QWidget*>(txtLeeway),
                      static_cast<QWidget*>(Cmdrteok), static_cast<QWidget*>(cmdCancel)})
     w->setEnabled(!working);
+  if (working) {
+    cmdUseGPS->setEnabled(false);
+    chkUseSOG->setEnabled(false);
+  }
+  working_ = working;
+  if (!working) Timer1_Timer();
   if (this->working) this->working(working);
 }
 
@@ -264,12 +292,16 @@ void frmcalcroute::Cmdrteok_Click() {
   hooks.askYesNo = [this](const std::string& q) { return askYesNo(q); };
   hooks.progress = [this](int value) { ProgressBar1->setValue(value); };
   hooks.beforeLeg = [] { QCoreApplication::processEvents(); };
+  // Every message is shown as it arises: the warning of a leg that cannot
+  // be reached comes before the next leg is worked.
+  hooks.tell = [this](const RouteMessage& m) { (m.kind == MessageKind::Warning ? showWarning : showMessage)(m.text); };
+  hooks.legLines = [this](const std::vector<std::string>& lines) {
+    if (reportLines) reportLines(lines);
+  };
 
   SetWorking(true);
   outcome_ = CalculateRoute(streams_, passage_, in, hooks);
   SetWorking(false);
-  for (const RouteMessage& m : outcome_->messages)
-    (m.kind == MessageKind::Warning ? showWarning : showMessage)(m.text);
   if (outcome_->completed) {
     accept();
   } else {

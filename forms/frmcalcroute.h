@@ -23,6 +23,7 @@ class QLineEdit;
 class QListWidget;
 class QProgressBar;
 class QPushButton;
+class QTimer;
 
 namespace kelvane::forms {
 
@@ -42,6 +43,10 @@ class frmcalcroute : public QDialog, public LegEditFields {
   void cmdCopy_Click();
   void cmdmodify_Click();
   void List1_Click(int row);
+  void cmdUseGPS_Click();
+  // One tick of the GPS line: the position and speed now, and the GPS
+  // buttons on while there is a fix.
+  void Timer1_Timer();
 
   // The legs list again from the route.
   void RefreshLegs();
@@ -59,9 +64,10 @@ class frmcalcroute : public QDialog, public LegEditFields {
   QPushButton* cmdRouteSpeed = nullptr;
   QPushButton* cmdreverse = nullptr;
   QPushButton* cmdCopy = nullptr;
-  QPushButton* cmdUseGPS = nullptr;  // waits for the GPS position on this form
-  QCheckBox* chkUseSOG = nullptr;
-  QLabel* lblGPS = nullptr;
+  QPushButton* cmdUseGPS = nullptr;  // the GPS position into the first point
+  QCheckBox* chkUseSOG = nullptr;    // ... and the speed over the ground into every leg
+  QLabel* lblGPS = nullptr;          // the GPS line, kept by Timer1
+  QTimer* Timer1 = nullptr;
   QPushButton* cmdWind = nullptr;  // leg speeds from the wind: not yet
   QPushButton* cmdTack = nullptr;
   QCheckBox* chkLeeway = nullptr;
@@ -82,6 +88,11 @@ class frmcalcroute : public QDialog, public LegEditFields {
   // holds its timers meanwhile, so that nothing touches the route or the
   // tides while the events are pumped between legs.
   std::function<void(bool)> working;
+  // The GPS now; without it the form has no fix.
+  std::function<GpsReading()> gpsReading;
+  // Where the report lines of each leg go besides the results (the main
+  // window's report box), as each leg is worked.
+  std::function<void(const std::vector<std::string>&)> reportLines;
 
   // Closing is refused while a calculation runs.
   void reject() override;

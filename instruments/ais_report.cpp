@@ -67,6 +67,21 @@ std::vector<std::string> AisDetailsLines(const AISTarget& t, float nowHours) {
   return lines;
 }
 
+std::string AisLabelText(const AISTarget& t, int listIndex) {
+  switch (listIndex) {
+    case 1: {
+      const std::string name = Trimmed(t.VesselName);
+      return name.empty() ? std::to_string(t.MMSI) : name;
+    }
+    case 2: return t.ShipType;
+    case 3: return NavStatusText(t.Status);
+    case 4: return t.Dimensions;
+    case 5: return t.Destination;
+    case 6: return FormatNumber(t.Speed, "0.0") + "kn @ " + FormatNumber(t.Course, "000") + kDegree + "T";
+    default: return std::to_string(t.MMSI);
+  }
+}
+
 std::string AisTargetsDrawnText(int count) { return "Num AIS Targets Drawn = " + std::to_string(count); }
 
 }  // namespace kelvane

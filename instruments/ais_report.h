@@ -19,6 +19,12 @@ std::string AisSummaryLine(const AISTarget& target, const OwnShipState& own, flo
 // its print and copy show it. An aid to navigation gets its short form.
 std::vector<std::string> AisDetailsLines(const AISTarget& target, float nowHours);
 
+// The label of a target on the chart: the field chosen in the AIS settings
+// (AISListIndex, in the order of their list): 0 MMSI, 1 vessel name (or
+// the MMSI while no name has come), 2 ship type, 3 navigation status,
+// 4 dimensions, 5 destination, 6 speed and course.
+std::string AisLabelText(const AISTarget& target, int listIndex);
+
 // "Num AIS Targets Drawn = " and the count, for the status panel.
 std::string AisTargetsDrawnText(int count);
 

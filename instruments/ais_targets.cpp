@@ -63,6 +63,41 @@ bool AISTargetKnown(const AisTargetTable& table, std::int32_t mmsi) {
                      [mmsi](const AISTarget& t) { return t.MMSI == mmsi; });
 }
 
+NearestTarget NearestAISTarget(const AisTargetTable& table, float lat, float lon, float withinMiles) {
+  NearestTarget best;
+  float bestRange = 0;
+  for (std::size_t i = 0; i < table.AISTargets.size(); ++i) {
+    const AISTarget& t = table.AISTargets[i];
+    const float range = RangeBearing(lat, lon, t.Lat, t.Long).range;
+    if (best.index < 0 || range < bestRange) {
+      best.index = static_cast<int>(i);
+      bestRange = range;
+    }
+  }
+  if (best.index >= 0 && bestRange > withinMiles) return {};
+  best.range = bestRange;
+  return best;
+}
+
+std::int16_t& TargetFlagOf(AISTarget& target, TargetFlag flag) {
+  switch (flag) {
+    case TargetFlag::History: return target.ShowHistory;
+    case TargetFlag::Predicted: return target.ShowPredicted;
+    case TargetFlag::Heading: return target.ShowHeading;
+    case TargetFlag::Details: break;
+  }
+  return target.ShowDetails;
+}
+
+void ToggleTargetFlag(AISTarget& target, TargetFlag flag) {
+  std::int16_t& f = TargetFlagOf(target, flag);
+  f = f != 0 ? 0 : -1;
+}
+
+void SetTargetFlags(AisTargetTable& table, TargetFlag flag, std::int16_t value) {
+  for (AISTarget& t : table.AISTargets) TargetFlagOf(t, flag) = value;
+}
+
 void UpdateAISTarget(AisTargetTable& table, int messageType, std::int32_t mmsi, float lat, float lon, float course,
                      float speed, int status, float nowHours) {
   const AisTableSettings& s = table.settings;
@@ -96,6 +131,9 @@ void UpdateAISTarget(AisTargetTable& table, int messageType, std::int32_t mmsi, 
     n.LastHeardHours = nowHours;
     n.Alive = -1;
     n.ShowDetails = s.ShowAISDetails;
+    n.ShowHistory = s.AISHistTrack;
+    n.ShowPredicted = s.AISPredTrack;
+    n.ShowHeading = s.AISHeadingVector;
     for (std::size_t k = 1; k <= 6; ++k) n.History[k] = AisPoint{lat, lon, nowHours};
     n.Predicted = PredictSix(lat, lon, course, speed, s.AheadIntervals, nowHours, s, table.stream);
     table.AISTargets.push_back(std::move(n));

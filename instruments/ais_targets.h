@@ -47,6 +47,12 @@ struct AISTarget {
   std::int16_t Alive = 0;
   std::int16_t ShowDetails = 0;
   std::int16_t OffPosition = 0;
+  // The target's own switches of its history trail, predicted track and
+  // heading vector on the chart: copies of the settings at creation, set
+  // all together by the menu switches and one by one from the keyboard.
+  std::int16_t ShowHistory = 0;
+  std::int16_t ShowPredicted = 0;
+  std::int16_t ShowHeading = 0;
   std::array<AisPoint, 7> Predicted{};  // 1 to 6 used
 };
 
@@ -65,6 +71,9 @@ struct AisTableSettings {
   float AheadIntervals = 0;  // minutes per step of a target's prediction
   std::int16_t BoatFutureTidePlot = 0;
   std::int16_t ShowAISDetails = 0;
+  std::int16_t AISHistTrack = 0;
+  std::int16_t AISPredTrack = 0;
+  std::int16_t AISHeadingVector = 0;
 };
 
 struct AisTargetTable {
@@ -87,6 +96,25 @@ std::array<AisPoint, 7> PredictSix(float lat, float lon, float course, float spe
                                    const AisTableSettings& settings, const StreamLookup& stream);
 
 bool AISTargetKnown(const AisTargetTable& table, std::int32_t mmsi);
+
+// The target nearest to a position by plane sailing (the first of equal
+// ranges), from 0, and its range; -1 with an empty table or when the
+// nearest lies beyond `withinMiles`.
+struct NearestTarget {
+  int index = -1;
+  float range = 0;
+};
+NearestTarget NearestAISTarget(const AisTargetTable& table, float lat, float lon, float withinMiles = 1e9f);
+
+// The four display switches of one target, as the keyboard numbers them:
+// 1 the details label, 2 the history trail, 3 the predicted track, 4 the
+// heading vector.
+enum class TargetFlag { Details = 1, History = 2, Predicted = 3, Heading = 4 };
+std::int16_t& TargetFlagOf(AISTarget& target, TargetFlag flag);
+// Flips one switch of one target (0 <-> -1).
+void ToggleTargetFlag(AISTarget& target, TargetFlag flag);
+// Sets one switch of every target (the menu switches).
+void SetTargetFlags(AisTargetTable& table, TargetFlag flag, std::int16_t value);
 
 // A position message: create or update the target, keep history samples at
 // least five minutes apart, leave the position alone within 30 seconds of a

@@ -240,4 +240,11 @@ LinkPictures LinkPicturesFor(const CommsState& comms, bool gpsThroAis) {
   return p;
 }
 
+bool BoatLeftInnerBox(float topLat, float leftLon, float bottomLat, float rightLon, float lat, float lon) {
+  const float thirdHeight = (topLat - bottomLat) / 3.0f;
+  const float thirdWidth = (rightLon - leftLon) / 3.0f;
+  return lat > topLat - thirdHeight || lat < bottomLat + thirdHeight || lon < leftLon + thirdWidth ||
+         lon > rightLon - thirdWidth;
+}
+
 }  // namespace kelvane

@@ -79,6 +79,13 @@ struct TickReport {
 TickReport CommsTick(CommsState& comms, InstrumentsState& state, SerialPorts& ports, const ClockReading& now,
                      const CommsHooks& hooks = {});
 
+// The view cycle's test for following the boat: a third of the view's
+// height in from the top and bottom and a third of its width in from each
+// side leave the middle third as an inner box; true when the boat stands
+// outside it (on an edge counts as inside), so that the view is moved only
+// when the boat has wandered well off centre, not at every fix.
+bool BoatLeftInnerBox(float topLat, float leftLon, float bottomLat, float rightLon, float lat, float lon);
+
 // The result of an attach: whether the port is now polled, and the exact
 // message for the user's box (empty on success).
 struct AttachResult {

@@ -137,8 +137,14 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
   auto progress = [&](int value) {
     if (hooks.progress) hooks.progress(value);
   };
-  auto stop = [&](MessageKind kind, const std::string& text) {
+  // Each message goes to the user as it arises, so that a leg's warning
+  // comes at that leg, and is kept in the outcome as well.
+  auto note = [&](MessageKind kind, const std::string& text) {
     out.messages.push_back({kind, text});
+    if (hooks.tell) hooks.tell(out.messages.back());
+  };
+  auto stop = [&](MessageKind kind, const std::string& text) {
+    note(kind, text);
     return out;
   };
   auto restoreTides = [&] {
@@ -165,7 +171,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
   // they were.
   PassageState s = live;
   if (in.LeewaySwitch && in.LeewayText.empty())
-    out.messages.push_back({MessageKind::Information, NoLeewayValueMessage()});
+    note(MessageKind::Information, NoLeewayValueMessage());
 
   progress(5);
   s.ResultText.assign(7, "");
@@ -195,7 +201,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     progress(100 - 100 * i / count);
 
     LegSolution leg = SolveLeg(ctx, s, solver, a, b, speed, time, day, year);
-    for (const std::string& notice : leg.notices) out.messages.push_back({MessageKind::Information, notice});
+    for (const std::string& notice : leg.notices) note(MessageKind::Information, notice);
     if (!leg.ok) {
       restoreTides();
       return stop(MessageKind::Warning, leg.message);
@@ -225,7 +231,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
         dest.LatText = dest.ModLatText;
         dest.LonText = dest.ModLonText;
       }
-      out.messages.push_back({MessageKind::Warning, UnreachedLegMessage(i, leg.ClosestApproach)});
+      note(MessageKind::Warning, UnreachedLegMessage(i, leg.ClosestApproach));
       s.ResultText[1] = UnreachedWarningLine();
     }
 
@@ -263,6 +269,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
       s.ResultText.push_back(line);
       out.legLines.push_back(line);
     }
+    if (hooks.legLines) hooks.legLines(lines);
 
     // The clock runs on through the leg and any stop at its end.
     const float legHours = leg.TimeTaken + static_cast<float>(dest.StopMinutes) / 60.0f;

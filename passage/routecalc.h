@@ -42,6 +42,11 @@ struct RouteCalcHooks {
   std::function<void(int)> progress;
   // Called once before each leg: the place to pump events.
   std::function<void()> beforeLeg;
+  // Each message as it arises (an unreached leg's warning at that leg),
+  // before the next leg is worked; it is also kept in the outcome.
+  std::function<void(const RouteMessage&)> tell;
+  // The report lines of each leg as soon as the leg is worked.
+  std::function<void(const std::vector<std::string>&)> legLines;
 };
 
 struct RouteCalcOutcome {

@@ -40,6 +40,22 @@ void SetRouteSpeed(PassageState& s, float speed) {
   for (int i = 1; i <= RouteCount(s); ++i) s.Route[static_cast<std::size_t>(i)].Speed = speed;
 }
 
+std::string GpsLineText(const GpsReading& fix) {
+  if (!fix.valid) return "No GPS fix";
+  return LatToText(fix.lat) + "  " + LonToText(fix.lon) + "  SOG = " + FormatNumber(fix.sog, "0.0");
+}
+
+void UseGpsPosition(PassageState& s, const GpsReading& fix, bool useSog) {
+  if (!fix.valid || RouteCount(s) < 1) return;
+  RoutePoint& first = s.Route[1];
+  first.Lat = fix.lat;
+  first.Lon = fix.lon;
+  first.LatText = LatToText(fix.lat);
+  first.LonText = LonToText(fix.lon);
+  first.Name = kGpsPointName;
+  if (useSog) SetRouteSpeed(s, fix.sog);
+}
+
 void ReverseRoute(PassageState& s) {
   const int n = RouteCount(s);
   for (int i = 1, j = n; i < j; ++i, --j) {

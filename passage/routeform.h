@@ -80,6 +80,26 @@ std::string ApplyLegEdit(PassageState& s, int leg, const LegEdit& edit);
 // key is dropped.
 bool IsStopMinutesKey(char32_t key);
 
+// The GPS as the route form sees it: a fix, or none.
+struct GpsReading {
+  bool valid = false;  // a good fix is held
+  float lat = 0, lon = 0;
+  float sog = 0;  // speed over the ground, knots
+};
+
+// The form's GPS line: the position and "SOG = " with the speed over the
+// ground, or "No GPS fix" while there is none.
+std::string GpsLineText(const GpsReading& fix);
+
+// The name the first point takes when the GPS position replaces it.
+inline constexpr const char* kGpsPointName = "GPS Position";
+
+// cmdUseGPS: the boat's position becomes the first point of the route (its
+// texts with it, and the name kGpsPointName, since the waypoint it was is
+// left behind); with useSog the speed over the ground becomes the speed of
+// every leg. Nothing changes without a fix or a route.
+void UseGpsPosition(PassageState& s, const GpsReading& fix, bool useSog);
+
 // frmrouteinfo: the summary of the last calculation, a blank line, then
 // one line a point: number, name and position, tab separated, with the
 // speed of the leg that starts there.

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QTimer>
 #include <QToolBar>
@@ -73,12 +74,30 @@ TEST(GpsConfigForms, WriteTheSettingsRecord) {
 
   forms::FrmAISGPSConfig ais(tree.folders.SettingsFile(), ports, {pair.b()});
   ais.findChild<QComboBox*>("cmbAISPort")->setCurrentIndex(0);
-  ais.findChild<QComboBox*>("cmbAISSpeed")->setCurrentText("38400");
+  ais.findChild<QComboBox*>("cmbAISBaud")->setCurrentText("38400");
+  // cmbAISSpeed is the slowest target drawn, in knots, not a baud rate.
+  ais.findChild<QComboBox*>("cmbAISSpeed")->setCurrentText("0.5");
   ASSERT_TRUE(ais.cmdOK_Click());
   r = ReadSettings(tree.folders.SettingsFile());
   EXPECT_EQ(r.AISPort, 0);
   EXPECT_EQ(r.AISBaudCode, 7);
+  EXPECT_EQ(r.AISMinSpeed, 0.5f);
   EXPECT_EQ(r.GPSBaudCode, 5);  // the GPS part kept
+
+  // The comments switch follows its field both ways: it was always shown
+  // ticked and never written.
+  {
+    forms::FrmGPSConfig again(tree.folders.SettingsFile(), ports, {pair.b()});
+    auto* comments = again.findChild<QCheckBox*>("chkcomments");
+    EXPECT_FALSE(comments->isChecked());  // the record written above holds 0
+    comments->setChecked(true);
+    again.findChild<QCheckBox*>("chktracklayer")->setChecked(true);
+    ASSERT_TRUE(again.cmdOK_Click());
+  }
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).GPSOption1, 1.0f);
+  EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).TrackLayer, 1.0f);
+  forms::FrmGPSConfig reopened(tree.folders.SettingsFile(), ports, {pair.b()});
+  EXPECT_TRUE(reopened.findChild<QCheckBox*>("chkcomments")->isChecked());
   fs::remove_all(dir);
 }
 

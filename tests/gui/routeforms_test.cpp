@@ -22,6 +22,7 @@
 #include <functional>
 
 #include "app/mainwindow.h"
+#include "app/mainwindow_instruments.h"
 #include "core/positions.h"
 #include "core/settings.h"
 #include "forms/frmCalcRouteModification.h"
@@ -496,6 +497,12 @@ TEST(MainWindowRoute, CalculateThenResultsThenLastResults) {
   ASSERT_GE(s.ResultText.size(), 22u);
   EXPECT_EQ(s.ResultText[3].substr(0, 13), "Depart 06:30,");
   EXPECT_GT(s.RouteCog.size(), 2u);
+  // The leg lines are in the window's report box too, and it is on show.
+  auto* report = chart.findChild<QPlainTextEdit*>("txtRouteReport");
+  ASSERT_NE(report, nullptr);
+  EXPECT_TRUE(report->isVisible());
+  EXPECT_EQ(forms::BoxLines(report), std::vector<std::string>(s.ResultText.begin() + 7, s.ResultText.begin() + 21));
+  EXPECT_EQ(s.ResultText[7].substr(0, 6), "Steer ");
   EXPECT_EQ(chart.State().moment.TideDay, chart.State().moment.WorkingDay);
 
   // The results form is up, not modal, with the report.
@@ -517,6 +524,17 @@ TEST(MainWindowRoute, CalculateThenResultsThenLastResults) {
   ASSERT_EQ(s.SummaryText.size(), 5u);
   EXPECT_EQ(s.SummaryText[2].substr(0, 18), "Route distance = 1");
   history->close();
+  // The point list opens from the route menu once the menu has looked at
+  // the route.
+  QAction* info = chart.findChild<QAction*>("mnuRouteInfo");
+  ASSERT_NE(info, nullptr);
+  QMetaObject::invokeMethod(info->parent(), "aboutToShow");
+  ASSERT_TRUE(info->isEnabled());
+  info->trigger();
+  auto* routeInfo = chart.findChild<forms::frmrouteinfo*>();
+  ASSERT_NE(routeInfo, nullptr);
+  EXPECT_TRUE(routeInfo->isVisible());
+  routeInfo->close();
 
   // A cancelled form leaves the results and still redraws (a reversed
   // route shows at once).
@@ -528,10 +546,45 @@ TEST(MainWindowRoute, CalculateThenResultsThenLastResults) {
   EXPECT_GT(redraws, redrawsAfterFirst);
   EXPECT_EQ(s.Route[1].Name, "Charlie");
   EXPECT_TRUE(s.ResultText.empty());  // the old direction's report is gone
+
+  // With a fix the form's GPS line shows it, and "Use GPS Position" puts
+  // the boat at the first point and, with "Use SOG", its speed on every leg.
+  OwnShipState& own = chart.Instruments()->State().own;
+  own.GPSValid = -1;
+  own.GPSLat = 50.45f;
+  own.GPSLong = -1.05f;
+  own.GPSSpeed = 6.2f;
+  std::string gpsLine;
+  bool buttonOn = false;
+  WhenModal<forms::frmcalcroute>([&](forms::frmcalcroute* form) {
+    gpsLine = form->lblGPS->text().toStdString();
+    buttonOn = form->cmdUseGPS->isEnabled() && form->chkUseSOG->isEnabled();
+    form->chkUseSOG->setChecked(true);
+    QTest::mouseClick(form->cmdUseGPS, Qt::LeftButton);
+    QTest::mouseClick(form->cmdCancel, Qt::LeftButton);
+  });
+  chart.Action("mnucalcrte")->trigger();
+  EXPECT_EQ(gpsLine, "50.27.00N  001.03.00W  SOG = 6.2");
+  EXPECT_TRUE(buttonOn);
+  EXPECT_EQ(s.Route[1].Lat, 50.45f);
+  EXPECT_EQ(s.Route[1].Lon, -1.05f);
+  EXPECT_EQ(s.Route[1].Name, "GPS Position");
+  EXPECT_EQ(s.Route[1].LatText, "50.27.00N");
+  for (int i = 1; i <= 3; ++i) EXPECT_EQ(s.Route[static_cast<std::size_t>(i)].Speed, 6.2f);
+  // Without a fix the button is off and the line says so.
+  own.GPSValid = 0;
+  WhenModal<forms::frmcalcroute>([&](forms::frmcalcroute* form) {
+    gpsLine = form->lblGPS->text().toStdString();
+    buttonOn = form->cmdUseGPS->isEnabled();
+    QTest::mouseClick(form->cmdCancel, Qt::LeftButton);
+  });
+  chart.Action("mnucalcrte")->trigger();
+  EXPECT_EQ(gpsLine, "No GPS fix");
+  EXPECT_FALSE(buttonOn);
   chart.close();
 }
 
-TEST(frmcalcroute, YesToALowSpeedGoesOnAndAnUnreachedLegIsAWarning) {
+TEST(frmcalcroute, YesToALowSpeedGoesOnAndAnUnreachedLegWarnsAtThatLeg) {
   App();
   RouteWorld w;
   // The streams turn in the twenty hours a slow boat takes over the first
@@ -542,6 +595,14 @@ TEST(frmcalcroute, YesToALowSpeedGoesOnAndAnUnreachedLegIsAWarning) {
   Sinks sinks;
   sinks.Attach(form);
   sinks.answer = true;
+  // The warning of the first leg comes while that leg is worked, before
+  // its report lines and long before the second leg's.
+  std::size_t reportLines = 0, linesAtWarning = 99;
+  form.reportLines = [&](const std::vector<std::string>& lines) { reportLines += lines.size(); };
+  form.showWarning = [&](const std::string& m) {
+    if (sinks.warnings.empty()) linesAtWarning = reportLines;
+    sinks.warnings.push_back(m);
+  };
   form.txtroutespeed->setText("0.6");
   QTest::mouseClick(form.cmdRouteSpeed, Qt::LeftButton);
   form.rtedeptime->setText("10:00");
@@ -555,6 +616,8 @@ TEST(frmcalcroute, YesToALowSpeedGoesOnAndAnUnreachedLegIsAWarning) {
   ASSERT_TRUE(form.Outcome()->completed) << (sinks.messages.empty() ? "" : sinks.messages.back());
   ASSERT_FALSE(sinks.warnings.empty());
   EXPECT_EQ(sinks.warnings[0].rfind("Unable to achieve leg 1 destination.\r\nCPA = ", 0), 0u) << sinks.warnings[0];
+  EXPECT_EQ(linesAtWarning, 0u);
+  EXPECT_EQ(reportLines, 14u);
   EXPECT_NE(sinks.warnings[0].find("nm\r\nRoute waypoint modified to last good COG point.\r\n"
                                    "(Caused by boat speed and tidal stream combinations,\r\n"
                                    "modify waypoints, departure time or boat speed.)"),

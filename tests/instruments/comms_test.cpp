@@ -241,3 +241,15 @@ TEST(SerialContract, TextsAndTables) {
 
 }  // namespace
 }  // namespace kelvane
+
+TEST(BoatLeftInnerBox, MiddleThirdOfTheView) {
+  // A view from 51N to 50N and 2W to 1W: the inner box runs from 50.333N
+  // to 50.667N and from 1.667W to 1.333W.
+  struct Case {
+    float lat, lon;
+    bool left;
+  } cases[] = {{50.5f, -1.5f, false}, {50.66f, -1.34f, false}, {50.7f, -1.5f, true},
+               {50.3f, -1.5f, true},  {50.5f, -1.7f, true},    {50.5f, -1.3f, true}};
+  for (const Case& c : cases)
+    EXPECT_EQ(kelvane::BoatLeftInnerBox(51.0f, -2.0f, 50.0f, -1.0f, c.lat, c.lon), c.left) << c.lat << " " << c.lon;
+}
