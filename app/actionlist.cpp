@@ -1,6 +1,7 @@
 #include "app/actionlist.h"
 
 #include <QAction>
+#include <QDockWidget>
 #include <QMenu>
 #include <QToolBar>
 #include <QWidget>
@@ -46,11 +47,12 @@ bool Answered(const QAction& action) {
 }  // namespace
 
 std::vector<ActionRow> ListActions(const QWidget& window) {
-  // The toolkit's own actions: the headings of menus and the tool bars'
-  // show/hide switches.
+  // The toolkit's own actions: the headings of menus and the show/hide
+  // switches of tool bars and docked panes.
   std::set<const QAction*> skip;
   for (const QMenu* menu : window.findChildren<QMenu*>()) skip.insert(menu->menuAction());
   for (const QToolBar* bar : window.findChildren<QToolBar*>()) skip.insert(bar->toggleViewAction());
+  for (const QDockWidget* dock : window.findChildren<QDockWidget*>()) skip.insert(dock->toggleViewAction());
 
   std::vector<ActionRow> rows;
   for (const QAction* a : window.findChildren<QAction*>()) {
@@ -126,7 +128,6 @@ const std::vector<AwaitingAction>& ActionsAwaitingWork() {
       {"mnuGPSReplay", "logging and replay"},
       {"mnuAISReplay", "logging and replay"},
       {"mnuOpenRoute", "upload to a GPS"},
-      {"mnuAllBaudRates", "the serial link"},
       {"mnuViewWrecksShow", "wrecks and dive sites"},
       {"mnuSearchWrecks", "wrecks and dive sites"},
       {"mnuUserWrecks", "wrecks and dive sites"},
