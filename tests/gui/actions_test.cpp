@@ -3,12 +3,24 @@
 // subsystem, which stay grey.
 #include <gtest/gtest.h>
 
+#include <QDialog>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
 #include <QProcess>
+#include <QTest>
+#include <QTimer>
+#include <filesystem>
+#include <functional>
 #include <map>
 #include <set>
 
 #include "app/actionlist.h"
+#include "app/chartpane.h"
+#include "app/chartviewer.h"
 #include "app/mainwindow.h"
+#include "core/positions.h"
+#include "forms/frmcalcroute.h"
 #include "gui_support.h"
 
 using namespace kelvane;
@@ -62,4 +74,112 @@ TEST(MainWindowActions, ListActionsRunsHeadlessAndWritesOnlyItsOwnTree) {
   EXPECT_TRUE(lines.contains("mnucalcrte\tCalculate Route...\tdisabled\tconnected"));
   EXPECT_TRUE(lines.contains("mnuSearchWrecks\tSearch Wrecks...\tdisabled\tno handler"));
   for (const QString& line : lines) EXPECT_EQ(line.count('\t'), 3) << line.toStdString();
+}
+
+namespace {
+
+// The forms that came up while an entry ran, by their class (lower case,
+// without the namespace, as their files are named). Each modal form is
+// closed with Cancel as soon as it is up, so that the entry returns;
+// `inside` may take a form over instead (to reach the forms it opens), and
+// then closes it itself.
+struct FormWatch {
+  std::set<std::string> opened;
+  std::function<bool(QDialog&)> inside;
+  QTimer poll;
+  FormWatch() {
+    poll.setInterval(10);
+    QObject::connect(&poll, &QTimer::timeout, [this] {
+      for (QWidget* w : QApplication::topLevelWidgets()) {
+        auto* dialog = qobject_cast<QDialog*>(w);
+        if (!dialog || !dialog->isVisible()) continue;
+        std::string name = dialog->metaObject()->className();
+        name = QString::fromStdString(name.substr(name.rfind(':') + 1)).toLower().toStdString();
+        const bool first = opened.insert(name).second;
+        if (first && inside && inside(*dialog)) continue;
+        if (dialog->isVisible()) dialog->reject();
+      }
+    });
+    poll.start();
+  }
+};
+
+// A route of two legs across the sample chart, as Shift + click leaves it.
+void MarkRoute(app::FrmChart& window) {
+  auto point = [](float lat, float lon) {
+    RoutePoint p;
+    p.Lat = lat;
+    p.Lon = lon;
+    p.LatText = LatToText(lat);
+    p.LonText = LonToText(lon);
+    p.Speed = 5;
+    return p;
+  };
+  auto& route = window.State().passage.Route;
+  route.push_back(point(50.70f, -1.30f));
+  route.push_back(point(50.65f, -1.20f));
+  route.push_back(point(50.60f, -1.10f));
+  window.EnableRouteMenus();
+}
+
+}  // namespace
+
+// Every dialog of the forms library opens from the main window, through the
+// menu entry, key or button a skipper would use. The list of forms is read
+// from the forms folder, so a new form that nothing opens fails here.
+TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
+  App();
+  TempTree tree;
+  app::FrmChart window(SeededState(tree));
+  std::vector<std::string> messages;
+  window.showMessage = [&](const std::string& m) { messages.push_back(m); };
+  window.Load();
+  window.resize(900, 700);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  MarkRoute(window);
+
+  FormWatch watch;
+  auto run = [&](const char* action) {
+    QAction* a = window.Action(action);
+    if (!a) a = window.findChild<QAction*>(action);
+    ASSERT_NE(a, nullptr) << action;
+    // The user opens the menu first; some entries look at the state then.
+    if (auto* menu = qobject_cast<QMenu*>(a->parent())) emit menu->aboutToShow();
+    ASSERT_TRUE(a->isEnabled()) << action;
+    a->trigger();
+    QTest::qWait(50);
+  };
+  for (const char* entry : {"mnuConfigure", "mnuSetTimeDate", "mnuSelectChartVisually", "mnuMouseWayPoint",
+                            "mnuLastRouteResults", "mnuRouteInfo", "mnuConfigureGPS", "mnuConfigureAIS",
+                            "mnuCopyComPortDetails", "mnuGPSMonitor", "mnuAISSummary"})
+    run(entry);
+  // The calculation form, and from it the modification of a leg; a
+  // completed calculation brings the results.
+  // The clicks run from a timer of their own, so that the watch goes on
+  // closing the forms they open.
+  watch.inside = [](QDialog& form) {
+    auto* calc = qobject_cast<forms::frmcalcroute*>(&form);
+    if (!calc) return false;
+    QTimer::singleShot(0, calc, [calc] {
+      calc->List1->setCurrentRow(0);
+      QTest::mouseClick(calc->cmdmodify, Qt::LeftButton);
+      QTest::mouseClick(calc->Cmdrteok, Qt::LeftButton);
+      if (calc->isVisible()) calc->reject();
+    });
+    return true;
+  };
+  run("mnucalcrte");
+  watch.inside = nullptr;
+  // The details of an AIS target: the test aid's report, then F2 at the chart.
+  run("mnuDecode21");
+  QTest::keyClick(window.Chart()->Viewer(), Qt::Key_F2);
+  QTest::qWait(50);
+
+  std::set<std::string> forms;
+  for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(KELVANE_SOURCE_DIR) / "forms")) {
+    const std::string stem = QString::fromStdString(file.path().stem().string()).toLower().toStdString();
+    if (file.path().extension() == ".h" && stem.rfind("frm", 0) == 0) forms.insert(stem);
+  }
+  for (const std::string& form : forms) EXPECT_TRUE(watch.opened.count(form)) << form << " is not reached";
 }
