@@ -7,10 +7,13 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "app/chartpane.h"
 #include "app/mainwindow.h"
 #include "core/settings.h"
 #include "forms/frmAISGPSConfig.h"
 #include "forms/frmAISSummary.h"
+#include "forms/frmAisDetails.h"
+#include "instruments/ais_report.h"
 #include "forms/frmCommsInfo.h"
 #include "forms/frmGPSConfig.h"
 #include "forms/frmgpsdetail.h"
@@ -174,6 +177,9 @@ CommsHooks InstrumentsController::Hooks() {
   CommsHooks hooks;
   hooks.timer1Routine = [this] { chart_.MinuteTick(); };
   hooks.redrawOverlays = [this] { emit chart_.RedrawRequested(); };
+  hooks.recentreCheck = [this] {
+    if (ChartPane* pane = chart_.Chart()) pane->FollowBoat(state_.own.GPSLat, state_.own.GPSLong);
+  };
   hooks.pumpEvents = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
   return hooks;
 }
@@ -234,6 +240,13 @@ void InstrumentsController::CommsTimer_Timer() {
   (void)report;
   if (monitor_ && monitor_->isVisible()) monitor_->Refresh(state_, CommsDetailsLines(*ports_, comms_.GPSPort));
   SyncTimers();
+}
+
+void InstrumentsController::ShowAisDetails(int targetIndex) {
+  const auto& targets = state_.targets.AISTargets;
+  if (targetIndex < 0 || static_cast<std::size_t>(targetIndex) >= targets.size()) return;
+  forms::FrmAisDetails form(AisDetailsLines(targets[static_cast<std::size_t>(targetIndex)], ClockNow().Hours()), &chart_);
+  form.exec();
 }
 
 void InstrumentsController::Shutdown() {

@@ -38,6 +38,9 @@ class InstrumentsController : public QObject {
   void mnuAISDisable_Click();
   void mnuDecode21_Click();
   void CommsTimer_Timer();
+  // frmAisDetails for one target of the table (from 0); nothing when the
+  // index is out of the table.
+  void ShowAisDetails(int targetIndex);
   // Closes both ports (program end).
   void Shutdown();
 
