@@ -24,9 +24,11 @@
 #include "app/mainwindow_layers.h"
 #include "cli/cli_test.h"
 #include "core/recordio.h"
+#include "forms/frmAisDetails.h"
 #include "forms/frmOutlineEdit.h"
 #include "forms/frmloadchart.h"
 #include "gui_support.h"
+#include "passage/chartinteraction.h"
 
 using namespace kelvane;
 using namespace kelvane::test;
@@ -296,6 +298,31 @@ TEST(ChartWindow, ChartMenuToolsKeysAndToolbarButtons) {
   chart.Action("mnuOutlineEdit")->trigger();
   EXPECT_FLOAT_EQ(pane->Outline()[first].lat, was.lat + 0.5f);
   EXPECT_FLOAT_EQ(pane->Outline()[first].lon, was.lon - 0.25f);
+
+  // A double click on an AIS target clear of the diamonds opens its details.
+  {
+    const float lat = 50.70f, lon = -1.95f;
+    std::vector<Position> diamonds;
+    for (const Diamond& d : chart.State().streams.Diamonds) diamonds.push_back(Position{d.lat, d.Lon});
+    ASSERT_LT(NearestWithinCircle(diamonds, lat, lon, 1.0f), 0);
+    AISTarget target;
+    target.Lat = lat;
+    target.Long = lon;
+    target.MMSI = 235012345;
+    target.VesselName = "SOLENT TRADER";
+    chart.Instruments()->State().targets.AISTargets.push_back(target);
+    viewer->SetZoomPercent(100);
+    pane->LocatePoint(lat, lon);
+    const QPoint p = viewer->ImageToScreen(QPointF(LonToPixel(pane->Geometry(), lon), LatToPixel(pane->Geometry(), lat)))
+                         .toPoint();
+    std::string details;
+    WhenModal<forms::FrmAisDetails>([&](forms::FrmAisDetails* form) {
+      details = form->Text();
+      form->close();
+    });
+    QTest::mouseDClick(viewer->viewport(), Qt::LeftButton, Qt::NoModifier, p);
+    EXPECT_NE(details.find("235012345"), std::string::npos) << details;
+  }
 
   // The dividers' label near the right edge stays on the chart.
   chart.Action("mnuDividersOn")->trigger();
