@@ -330,7 +330,8 @@ void ChartInteractionController::OnDoubleClick(QMouseEvent* event) {
   emit DoubleClicked(static_cast<int>(t.kind), t.index);
   // What is built opens here; the tidal station view, the diamond report,
   // wrecks and sites come with their forms.
-  if (t.kind == DoubleClickKind::AisTarget && instruments) instruments->ShowAisDetails(t.index);
+  if (t.kind == DoubleClickKind::AisTarget && instruments)
+    instruments->OpenAISDetailsNear(e.lat, e.lon, SearchCircleOf(s.settings));
 }
 
 void ChartInteractionController::OnKey(QKeyEvent* event) {

@@ -324,16 +324,6 @@ void ChartPane::LocateGPS(float lat, float lon) {
   if (s) viewer_->SetScrollPosition(s->x, s->y);
 }
 
-bool ChartPane::FollowBoat(float lat, float lon) {
-  if (!viewer_->HasImage()) return false;
-  QRectF r = viewer_->VisibleRect();
-  if (!BoatLeftMiddleThird(ViewRect{r.left(), r.top(), r.width(), r.height()}, LonToPixel(geometry_, lon),
-                           LatToPixel(geometry_, lat)))
-    return false;
-  LocateGPS(lat, lon);
-  return true;
-}
-
 void ChartPane::HandleKey(int key, Qt::KeyboardModifiers modifiers) {
   auto pan = [&](PanDirection d) {
     if (modifiers & Qt::ShiftModifier) {

@@ -70,9 +70,6 @@ class ChartPane : public QWidget {
   void HandleKey(int key, Qt::KeyboardModifiers modifiers);
   void LocatePoint(float lat, float lon);
   void LocateGPS(float lat, float lon);
-  // Keep Boat Centred: LocateGPS once the boat has left the middle third of
-  // the view. Returns whether the view moved.
-  bool FollowBoat(float lat, float lon);
 
   // The position under the pointer, as the last mouse movement left it.
   float CursorLat() const { return cursorLat_; }

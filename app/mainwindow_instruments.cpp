@@ -7,13 +7,13 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "app/chartpane.h"
 #include "app/mainwindow.h"
 #include "core/settings.h"
 #include "forms/frmAISGPSConfig.h"
 #include "forms/frmAISSummary.h"
 #include "forms/frmAisDetails.h"
 #include "instruments/ais_report.h"
+#include "passage/chartinteraction.h"
 #include "forms/frmCommsInfo.h"
 #include "forms/frmGPSConfig.h"
 #include "forms/frmgpsdetail.h"
@@ -177,9 +177,6 @@ CommsHooks InstrumentsController::Hooks() {
   CommsHooks hooks;
   hooks.timer1Routine = [this] { chart_.MinuteTick(); };
   hooks.redrawOverlays = [this] { emit chart_.RedrawRequested(); };
-  hooks.recentreCheck = [this] {
-    if (ChartPane* pane = chart_.Chart()) pane->FollowBoat(state_.own.GPSLat, state_.own.GPSLong);
-  };
   hooks.pumpEvents = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
   return hooks;
 }
@@ -242,11 +239,16 @@ void InstrumentsController::CommsTimer_Timer() {
   SyncTimers();
 }
 
-void InstrumentsController::ShowAisDetails(int targetIndex) {
-  const auto& targets = state_.targets.AISTargets;
-  if (targetIndex < 0 || static_cast<std::size_t>(targetIndex) >= targets.size()) return;
-  forms::FrmAisDetails form(AisDetailsLines(targets[static_cast<std::size_t>(targetIndex)], ClockNow().Hours()), &chart_);
-  form.exec();
+bool InstrumentsController::OpenAISDetailsNear(float lat, float lon, float withinMiles) {
+  std::vector<Position> places;
+  for (const AISTarget& t : state_.targets.AISTargets) places.push_back(Position{t.Lat, t.Long});
+  const int index = NearestWithinCircle(places, lat, lon, withinMiles);
+  if (index < 0) return false;
+  auto* details = new forms::FrmAisDetails(
+      AisDetailsLines(state_.targets.AISTargets[static_cast<std::size_t>(index)], ClockNow().Hours()), &chart_);
+  details->setAttribute(Qt::WA_DeleteOnClose);
+  details->show();
+  return true;
 }
 
 void InstrumentsController::Shutdown() {

@@ -38,9 +38,10 @@ class InstrumentsController : public QObject {
   void mnuAISDisable_Click();
   void mnuDecode21_Click();
   void CommsTimer_Timer();
-  // frmAisDetails for one target of the table (from 0); nothing when the
-  // index is out of the table.
-  void ShowAisDetails(int targetIndex);
+  // The details of the AIS target nearest to a position (within
+  // `withinMiles`), in a form of their own; false when there is no target
+  // there. The double click on a target comes here.
+  bool OpenAISDetailsNear(float lat, float lon, float withinMiles = 1e9f);
   // Closes both ports (program end).
   void Shutdown();
 

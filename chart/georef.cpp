@@ -135,12 +135,6 @@ std::optional<ScrollPosition> LocateGPSScroll(const ViewState& view, std::int32_
   return ScrollPosition{RoundToInt(view.zoom * left), RoundToInt(view.zoom * top)};
 }
 
-bool BoatLeftMiddleThird(const ViewRect& view, std::int32_t x, std::int32_t y) {
-  const double thirdW = view.width / 3, thirdH = view.height / 3;
-  return x < view.left + thirdW || x > view.left + view.width - thirdW || y < view.top + thirdH ||
-         y > view.top + view.height - thirdH;
-}
-
 std::optional<ViewRect> SavedViewToRestore(double left, double top, double width, double height) {
   if (width > 10 || height > 10) return ViewRect{left, top, width, height};
   return std::nullopt;

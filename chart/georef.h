@@ -111,10 +111,6 @@ struct ScrollPosition {
   std::int32_t x = 0, y = 0;
 };
 std::optional<ScrollPosition> LocateGPSScroll(const ViewState& view, std::int32_t x, std::int32_t y);
-// Keep Boat Centred: whether the boat at image pixel (x, y) has left the
-// middle third of the view (the box a third of the view's width and height
-// in from each side), so that the view must be centred on it again.
-bool BoatLeftMiddleThird(const ViewRect& view, std::int32_t x, std::int32_t y);
 
 // The view saved across runs (left, top, width, height in image pixels):
 // restored when its width or height is above 10, otherwise nothing, and

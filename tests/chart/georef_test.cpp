@@ -179,12 +179,6 @@ TEST(View, LocateGPSHoldsTheCornerInImagePixelsSoTheBoatStaysOnScreenAtAnyZoom) 
   EXPECT_EQ(s->y, 350);
   EXPECT_FALSE(LocateGPSScroll(v, 1000, 10));  // off the image
   EXPECT_FALSE(LocateGPSScroll(v, -1, 10));
-  // Keep Boat Centred moves the view only when the boat leaves the middle
-  // third: 200 x 100 from (0, 0) has the box 66.7..133.3 by 33.3..66.7.
-  EXPECT_FALSE(BoatLeftMiddleThird(v.rect, 100, 50));
-  EXPECT_FALSE(BoatLeftMiddleThird(v.rect, 67, 34));
-  EXPECT_TRUE(BoatLeftMiddleThird(v.rect, 66, 50));
-  EXPECT_TRUE(BoatLeftMiddleThird(v.rect, 100, 67));
 }
 
 TEST(View, PansHomeAndEdges) {
