@@ -97,7 +97,6 @@ const std::vector<AwaitingAction>& ActionsAwaitingWork() {
       {"mnuImport", "the text import and export"},
       {"mnuExport1", "the text import and export"},
       {"mnuRouteSave", "the text import and export"},
-      {"mnuGPSCentre", "the chart window"},
       {"mnutides", "the tide window and almanac"},
       {"mnusunrise", "the tide window and almanac"},
       {"mnumonth", "the tide window and almanac"},

@@ -12,9 +12,11 @@
 #include <fstream>
 #include <unistd.h>
 
+#include "app/chartmenus.h"
 #include "app/chartpane.h"
 #include "app/mainwindow.h"
 #include "app/mainwindow_instruments.h"
+#include "chart/overlaygeometry.h"
 #include "core/format.h"
 #include "core/positions.h"
 #include "forms/frmMouseInput.h"
@@ -326,8 +328,16 @@ void ChartInteractionController::OnDoubleClick(QMouseEvent* event) {
   c.streamsShown = s.settings.ShowTidalStreams != 0;
   for (const Diamond& d : s.streams.Diamonds) c.diamonds.push_back(Position{d.lat, d.Lon});
   c.portsShown = s.settings.ShowTideHeights != 0;
+  InstrumentsController* instruments = window_.Instruments();
+  if (instruments)
+    for (const AISTarget& t : instruments->State().targets.AISTargets) c.aisTargets.push_back(Position{t.Lat, t.Long});
   DoubleClickTarget t = DoubleClickOrder(c, e.lat, e.lon, SearchCircleOf(s.settings));
-  if (t.kind != DoubleClickKind::None) emit DoubleClicked(static_cast<int>(t.kind), t.index);
+  if (t.kind == DoubleClickKind::None) return;
+  emit DoubleClicked(static_cast<int>(t.kind), t.index);
+  // What is built opens here; the tidal station view, the diamond report,
+  // wrecks and sites come with their forms.
+  if (t.kind == DoubleClickKind::AisTarget && instruments)
+    instruments->OpenAISDetailsNear(e.lat, e.lon, SearchCircleOf(s.settings));
 }
 
 void ChartInteractionController::OnKey(QKeyEvent* event) {
@@ -341,6 +351,8 @@ void ChartInteractionController::OnKey(QKeyEvent* event) {
     context.gpsLon = instruments->State().own.GPSLong;
   }
   context.streamDataLoaded = !window_.State().streams.Diamonds.empty();
+  ChartMenus* menus = window_.findChild<ChartMenus*>();
+  context.toolsMenuShown = menus && menus->ToolsMenuShown();
   context.timeNow = window_.State().moment.WorkingTime;
   KeyOutcome k = machine_.KeyDown(key, shift, context);
   Apply(k.effects);
@@ -359,12 +371,18 @@ void ChartInteractionController::OnKey(QKeyEvent* event) {
         if (a->isEnabled()) a->trigger();
       break;
     case KeyCommand::Memory: window_.showMessage(FormatNumber(static_cast<double>(ResidentBytes()), "#,###")); break;
-    case KeyCommand::Brightness: pane_.Viewer()->BrightnessStep(k.value / 10); break;
+    case KeyCommand::Brightness: window_.StepIntensity(k.value); break;
+    case KeyCommand::ChooseStreamFile:
+      if (menus) menus->mnuSelectL25_Click();
+      break;
+    case KeyCommand::AppendDiamond:
+      if (menus) menus->mnuAppendDiamond_Click();
+      break;
     case KeyCommand::ShowTracking:
       for (std::size_t i = 0; i < k.trackingText.size() && i < 3; ++i)
         window_.StatusPanel(static_cast<int>(i) + 2)->setText(forms::ToQString(k.trackingText[i]));
       break;
-    default: break;  // the AIS and stream tools come with their forms
+    default: break;  // F2 to F6 belong to the AIS targets
   }
 }
 
@@ -390,7 +408,14 @@ void ChartInteractionController::Apply(const InteractionOutcome& out) {
   if (out.dividersLabel) {
     lbldividers_->setText(forms::ToQString(*out.dividersLabel));
     lbldividers_->adjustSize();
-    if (out.labelX != 0 || out.labelY != 0) lbldividers_->move(out.labelX, out.labelY);
+    if (out.labelX != 0 || out.labelY != 0) {
+      // 20 pixels right of and below the pointer, or left of and above it
+      // near the right and bottom edges, so that the range stays readable.
+      const QWidget* surface = viewer->viewport();
+      const ScreenPoint at = FloatingLabelPlace(out.labelX - 20, out.labelY - 20, lbldividers_->width(),
+                                                lbldividers_->height(), surface->width(), surface->height());
+      lbldividers_->move(RoundToInt(at.x), RoundToInt(at.y));
+    }
     lbldividers_->setVisible(!out.dividersLabel->empty());
   }
   if (out.endRectangleZoom) {
@@ -416,6 +441,11 @@ void ChartInteractionController::Apply(const InteractionOutcome& out) {
     SyncMenus();
     window_.UpdateStatusBar();
   }
+  if (out.legDefaults) {
+    window_.State().LegSpeed = out.legDefaults->speed;
+    window_.State().UseLeewaySwitch = out.legDefaults->useLeeway;
+  }
+  if (out.timesBackToNow) window_.TimesBackToNow();
   if (out.redraw) viewer->Redraw();
   if (out.openMouseInput) OpenMouseInput(machine_.CursorLat, machine_.CursorLon);
 }

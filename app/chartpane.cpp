@@ -52,6 +52,15 @@ ChartPane::ChartPane(const Folders& folders, SettingsRecord& settings, QWidget* 
   connect(viewer_, &ChartViewer::Paint, this, &ChartPane::OnPaint);
   connect(viewer_, &ChartViewer::MouseMove, this, &ChartPane::OnMouseMove);
   connect(viewer_, &ChartViewer::KeyDown, this, &ChartPane::OnKey);
+  // Any zoom, click or key of the user's ends the settling of the saved view.
+  connect(viewer_, &ChartViewer::ZoomChanged, this, [this] {
+    if (!restoring_) restoreFresh_ = false;
+  });
+  connect(viewer_, &ChartViewer::Resized, this, [this] {
+    if (restoreFresh_ && !restoring_ && isVisible()) RestoreView(pendingView_);
+  });
+  connect(viewer_, &ChartViewer::MouseDown, this, [this] { restoreFresh_ = false; });
+  connect(viewer_, &ChartViewer::KeyDown, this, [this] { restoreFresh_ = false; });
   viewer_->SetMousePointer(2);
 }
 
@@ -109,21 +118,43 @@ bool ChartPane::DrawChart() {
     thumbnail_->setPixmap(QPixmap::fromImage(viewer_->Thumbnail(150, 150)));
   }
   viewStore_->beginGroup("Settings");
-  double left = viewStore_->value("Left", 0).toDouble();
-  double top = viewStore_->value("Top", 0).toDouble();
-  double width = viewStore_->value("Width", -1).toDouble();
-  double height = viewStore_->value("Height", -1).toDouble();
+  const double left = viewStore_->value("Left", 0).toDouble();
+  const double top = viewStore_->value("Top", 0).toDouble();
+  const double width = viewStore_->value("Width", -1).toDouble();
+  const double height = viewStore_->value("Height", -1).toDouble();
   viewStore_->endGroup();
-  if (width > 10 || height > 10) {
-    viewer_->SetRect(QRectF(left, top, width, height));
+  const std::optional<ViewRect> saved = SavedViewToRestore(left, top, width, height);
+  if (isVisible()) {
+    RestoreView(saved);
+  } else {
+    // At start-up the chart loads before the window is shown: the view is
+    // restored once the viewer has its size (showEvent).
+    restorePending_ = true;
+    pendingView_ = saved;
+  }
+  saveView_ = true;
+  emit StatusChanged();
+  return true;
+}
+
+void ChartPane::RestoreView(const std::optional<ViewRect>& saved) {
+  restoring_ = true;
+  if (saved) {
+    viewer_->SetRect(QRectF(saved->left, saved->top, saved->width, saved->height));
     viewer_->ZoomToRect();
     viewer_->ClearRect();
   } else {
     viewer_->SetZoomPercent(50);
   }
-  saveView_ = true;
-  emit StatusChanged();
-  return true;
+  restoring_ = false;
+}
+
+void ChartPane::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!restorePending_) return;
+  restorePending_ = false;
+  restoreFresh_ = true;
+  RestoreView(pendingView_);
 }
 
 void ChartPane::LoadChart() {
@@ -147,7 +178,10 @@ bool ChartPane::SwitchTo(std::optional<std::size_t> index, bool previous) {
     QRectF r = viewer_->VisibleRect();
     return ViewRect{r.left(), r.top(), r.width(), r.height()};
   }());
-  settings_.ChartPath = (folders_.DataRoot() / "Charts" / chosen.chartNumber).string();
+  const ChartChoice choice = ChoiceOfChart(folders_.DataRoot(), chosen);
+  settings_.ChartPath = choice.ChartPath;
+  settings_.ChartFile = choice.ChartFile;
+  settings_.ChartDescription = choice.ChartDescription;
   WriteSettingsFile();
   SelectChartGeometry(geometry_, chosen);
   paintBlocked_ = true;
@@ -357,20 +391,28 @@ bool ChartPane::LoadOutline(const std::filesystem::path& file) {
     return false;
   }
   outline_ = std::move(data.points);
+  outlineFile_ = file;
   viewer_->Redraw();
   return true;
 }
 
-void ChartPane::SelectChartVisually() {
+bool ChartPane::SelectChartVisually() {
   forms::FrmLoadChart form(folders_, settings_, catalogue_, this);
-  form.exec();
-  WriteSettingsFile();
+  if (runChooser) {
+    runChooser(form);
+  } else {
+    form.exec();
+  }
+  const ChooserFollowUp next = AfterChartChooser(form.ChartAccepted());
+  if (next.writeSettings) WriteSettingsFile();
+  if (!next.loadChart) return false;
   ReadCatalogue();
   DrawChart();
   viewer_->SetZoomMode(5);
   viewer_->SetMousePointer(2);
   emit StatusChanged();
   emit ChartChanged();
+  return true;
 }
 
 }  // namespace kelvane::app

@@ -19,6 +19,7 @@
 #include "core/datatree.h"
 #include "core/settings.h"
 
+class QDialog;
 class QLabel;
 class QMenu;
 class QSettings;
@@ -83,12 +84,18 @@ class ChartPane : public QWidget {
   bool LoadOutline(const std::filesystem::path& file);
   void ClearOutline() { outline_.clear(); }
   const std::vector<Position>& Outline() const { return outline_; }
+  // The outline for frmOutlineEdit to move, and the file it came from.
+  std::vector<Position>& EditableOutline() { return outline_; }
+  const std::filesystem::path& OutlineFile() const { return outlineFile_; }
 
   // The view store: section "Settings", keys Left, Top, Width, Height.
   QSettings& ViewStore() const { return *viewStore_; }
 
-  // mnuSelectChartVisually: the chooser, then the chart it chose.
-  void SelectChartVisually();
+  // mnuSelectChartVisually: the chooser, then the chart it chose. Returns
+  // whether a chart was chosen; without OK nothing changes.
+  bool SelectChartVisually();
+  // Runs the chooser form; by default modally. A test drives it itself.
+  std::function<void(QDialog&)> runChooser;
 
   // The popup menu mnuPopUp, for the window to add its items to.
   QMenu* PopupMenu() const { return popup_; }
@@ -108,6 +115,7 @@ class ChartPane : public QWidget {
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void BuildPopupMenu();
@@ -118,6 +126,7 @@ class ChartPane : public QWidget {
   void OnKey(QKeyEvent* event);
   void WriteSettingsFile();
   void ApplyZoom(float zoom);
+  void RestoreView(const std::optional<ViewRect>& saved);
   ViewState CurrentViewState() const;
 
   const Folders& folders_;
@@ -129,9 +138,18 @@ class ChartPane : public QWidget {
   std::vector<ChartRecord> catalogue_;
   ChartGeometry geometry_;
   std::vector<Position> outline_;
+  std::filesystem::path outlineFile_;
   ViewCorners corners_;
   float cursorLat_ = 0, cursorLon_ = 0;
   bool saveView_ = false;     // set by DrawChart: each paint saves the view
+  // The saved view waits for the window to have its size: a view
+  // rectangle fitted into a viewer not yet laid out would come up tiny.
+  bool restorePending_ = false;
+  std::optional<ViewRect> pendingView_;
+  // Until the user or the program moves the view, a resize of the window
+  // settling its layout after the show fits the saved view again.
+  bool restoreFresh_ = false;
+  bool restoring_ = false;
   bool paintBlocked_ = false; // while a switch is under way
   bool switchQueued_ = false;
   bool rectangleZoom_ = false;

@@ -202,6 +202,7 @@ void ChartViewer::resizeEvent(QResizeEvent* event) {
   } else {
     UpdateScrollBars();
   }
+  emit Resized();
 }
 
 // ---- pointer, modes, brightness ----------------------------------------------

@@ -106,6 +106,8 @@ class ChartViewer : public QAbstractScrollArea {
   void Paint(QPainter& painter);
   void Scrolled();
   void ZoomChanged(double zoom);
+  // The viewer or its viewport (as the scroll bars come and go) has a new size.
+  void Resized();
   // The rubber band was released over this rectangle (image pixels).
   void RubberBandSelected(QRectF rect);
 

@@ -27,6 +27,14 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"&Chart", "-", "", false},
       {"&Chart", "mnuShowToolBar", "Show Toolbar", true},
       {"&Chart", "mnuViewVectors", "Show Vectors", true},
+      {"&Chart", "mnuShowThumbnail", "Show Thumbnail", true},
+      {"&Chart", "-", "", false},
+      {"&Chart", "mnuOutlineLoad", "Load Outline...", false},
+      {"&Chart", "mnuOutlineEdit", "Edit Outline...", false},
+      {"&Chart", "mnuShowTools", "Show Tools Menu", true},
+
+      {"T&ools", "mnuSelectL25", "Select Stream File...", false},
+      {"T&ools", "mnuAppendDiamond", "Append Stream Diamond", false},
 
       {"&Tides", "mnutides", "Tide Heights...", false},
       {"&Tides", "mnusunrise", "Sun and Moon...", false},

@@ -43,6 +43,8 @@ class FrmChart : public QMainWindow {
   void DisableRouteMenus();
   void AnimateMenusEnable();
   void AnimateMenusDisable();
+  // Esc's clearing of a route: a time the user set gives way to the clock.
+  void TimesBackToNow();
   ChartInteractionController* Interaction() const { return interaction_; }
 
   ProgramState& State() { return state_; }

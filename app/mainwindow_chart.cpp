@@ -4,9 +4,12 @@
 #include <QAction>
 #include <QFileDialog>
 #include <QLabel>
+#include <QTimer>
 
+#include "app/chartmenus.h"
 #include "app/chartpane.h"
 #include "app/mainwindow.h"
+#include "app/mainwindow_instruments.h"
 #include "core/positions.h"
 
 namespace kelvane::app {
@@ -18,10 +21,17 @@ void FrmChart::InstallChart() {
   if (QAction* select = Action("mnuSelectChartVisually")) {
     select->setEnabled(true);
     connect(select, &QAction::triggered, this, [this] {
-      chart_->SelectChartVisually();
-      UpdateStatusBar();
+      // The serial polling waits while the chooser is up: its display pass
+      // would redraw and recentre a chart that may be about to change.
+      QTimer* comms = instruments_ ? &instruments_->CommsTimer() : nullptr;
+      const bool polling = comms && comms->isActive();
+      if (polling) comms->stop();
+      if (chart_->SelectChartVisually()) UpdateStatusBar();
+      if (polling) comms->start();
     });
   }
+  // The Chart menu's own commands, the tools and the toolbar's menu buttons.
+  new ChartMenus(*this);
   connect(chart_, &ChartPane::StatusChanged, this, [this] { UpdateStatusBar(); });
   // A chart of another area brings its own diamonds and reference ports.
   // The first chart of the load is covered by the load's own steps.

@@ -191,14 +191,7 @@ void DrawRoute(OverlayFrame& f) {
     SelectSolidPen(d, s.WayLineSize, colour);
     Circle(d, at, r);
     RestorePen(d);
-    std::string label;
-    if (i == 1) {
-      label = "Start";
-    } else {
-      label = std::to_string(i);
-    }
-    const std::string name = Trim(rp.Name);
-    if (!name.empty()) label += " Wa " + name;
+    const std::string label = RoutePointLabel(i, rp.Name, rp.StopMinutes);
     DrawLabel(f, Q(label), at.x + r + 2, at.y - r - textHeight, textHeight, s.WayTextColour);
   }
   RestoreFont(d);
@@ -249,9 +242,8 @@ void DrawRouteConnections(OverlayFrame& f) {
     const ScreenPoint mid{(pa.x + pb.x) / 2, (pa.y + pb.y) / 2};
     if (!On(f, mid)) continue;
     const RangeAndBearing rb = RangeBearing(a.Lat, a.Lon, b.Lat, b.Lon);
-    std::string text = FormatNumber(rb.range, "0.0") + "nm " + FormatNumber(rb.bearing, "000") + "°T";
-    if (LegCalculated(results, a.LegTime, a.DriftCount))
-      text += " Steer " + FormatNumber(a.CourseToSteer, "000") + "°M";
+    const std::string text =
+        LegLabel(rb.range, rb.bearing, LegCalculated(results, a.LegTime, a.DriftCount), a.CourseToSteer, a.Remark);
     DrawLabel(f, Q(text), mid.x + 8, mid.y + 8, textHeight, s.WayTextColour);
   }
   RestoreFont(d);
@@ -384,11 +376,20 @@ void DrawCOG(OverlayFrame& f) {
       d.drawEllipse(QRect(RoundToInt(pts[i].x) - 3, RoundToInt(pts[i].y) - 3, 6, 6));
   RestorePen(d);
   SelectFont(d, "Arial", textHeight);
+  // Each time label where it does not cover the one before it.
+  const QFontMetrics metrics = d.fontMetrics();
+  std::vector<LabelBox> boxes;
+  std::vector<QString> texts;
   for (std::size_t i = 0; i < pts.size(); ++i) {
     if (!TrackPointOnSurface(pts[i].x, pts[i].y, w, h)) continue;
-    DrawLabel(f, Q(HoursToClock(cog[i].Time)), pts[i].x + 5, pts[i].y - 5 - textHeight / 2.0, textHeight,
-              s.COGColour);
+    texts.push_back(Q(HoursToClock(cog[i].Time)));
+    boxes.push_back(LabelBox{pts[i].x + 5, pts[i].y - 5 - textHeight / 2.0,
+                             static_cast<double>(metrics.horizontalAdvance(texts.back())),
+                             static_cast<double>(metrics.height())});
   }
+  const std::vector<bool> drawn = LabelsClearOfPrevious(boxes);
+  for (std::size_t k = 0; k < boxes.size(); ++k)
+    if (drawn[k]) DrawLabel(f, texts[k], boxes[k].x, boxes[k].y, textHeight, s.COGColour);
   RestoreFont(d);
 }
 

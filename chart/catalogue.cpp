@@ -191,6 +191,13 @@ std::string ChartFileErrorText(std::string_view chartsFolder, std::string_view c
 
 bool IsChartSwitch(std::string_view chosenNumber, std::string_view chartFile) { return chosenNumber != chartFile; }
 
+ChartChoice ChoiceOfChart(const std::filesystem::path& programFolder, const ChartRecord& chart) {
+  return ChartChoice{(programFolder / "Charts" / chart.chartNumber).string(), chart.chartNumber,
+                     Trim(chart.chartName)};
+}
+
+ChooserFollowUp AfterChartChooser(bool accepted) { return ChooserFollowUp{accepted, accepted}; }
+
 std::vector<std::string> ListAreas(const std::filesystem::path& programFolder) {
   std::vector<std::string> areas;
   std::error_code ec;

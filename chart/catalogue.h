@@ -151,9 +151,30 @@ std::string ImageErrorText(int status);
 std::string ChartFileErrorText(std::string_view chartsFolder, std::string_view chartPath);
 
 // Whether a chart chosen on the ladder is a switch: its number differs
-// from the ChartFile setting. The setting is the one the chooser wrote (the
-// factory value is "9999-1.cht"); the ladder does not rewrite it.
+// from the ChartFile setting (the factory value is "9999-1.cht").
 bool IsChartSwitch(std::string_view chosenNumber, std::string_view chartFile);
+
+// The chart choice of the settings once a chart is on show. Every switch
+// of the ladder writes it as the chooser does, so that ChartFile names the
+// chart in use and the ladder can come back to a chart it left.
+struct ChartChoice {
+  std::string ChartPath;         // ProgramFolder/Charts/<number>
+  std::string ChartFile;         // the number
+  std::string ChartDescription;  // the trimmed title, as the chooser lists it
+};
+ChartChoice ChoiceOfChart(const std::filesystem::path& programFolder, const ChartRecord& chart);
+
+// What the window does once the chart chooser has closed. Accepted, it
+// writes the settings file and loads the area and the chart (catalogue,
+// diamonds, ports, tides, image, fit to height). Cancelled, by its button,
+// Esc or the window's close box, the settings are already back as they
+// were and nothing is reloaded: the area, the chart, its view and the
+// streams in use stay exactly as they were.
+struct ChooserFollowUp {
+  bool writeSettings = false;
+  bool loadChart = false;
+};
+ChooserFollowUp AfterChartChooser(bool accepted);
 
 // The areas installed: every "*.l35" in ProgramFolder/Charts by its name up
 // to the first ".", sorted.

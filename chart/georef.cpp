@@ -123,18 +123,21 @@ std::optional<ViewRect> LocatePointRect(const ViewState& view, std::int32_t x, s
 }
 
 std::optional<ScrollPosition> LocateGPSScroll(const ViewState& view, std::int32_t x, std::int32_t y) {
+  if (x < 0 || y < 0 || x >= view.imageWidth || y >= view.imageHeight) return std::nullopt;
   const ViewRect& r = view.rect;
-  ScrollPosition s;
-  s.x = RoundToInt(view.zoom * (x - r.width / 2));
-  s.y = RoundToInt(view.zoom * (y - r.height / 2));
-  if (s.x < 0) s.x = 0;
-  if (s.y < 0) s.y = 0;
-  double maxX = view.imageWidth - r.width;
-  double maxY = view.imageHeight - r.height;
-  if (s.x > maxX) s.x = RoundToInt(maxX);
-  if (s.y > maxY) s.y = RoundToInt(maxY);
-  if (s.y > maxY || s.x < 0) return std::nullopt;
-  return s;
+  // The view's corner in image pixels, kept on the image; the scroll bars
+  // count screen pixels of the zoomed image, so the corner is scaled last.
+  double left = x - r.width / 2, top = y - r.height / 2;
+  left = std::min(left, view.imageWidth - r.width);
+  top = std::min(top, view.imageHeight - r.height);
+  if (left < 0) left = 0;
+  if (top < 0) top = 0;
+  return ScrollPosition{RoundToInt(view.zoom * left), RoundToInt(view.zoom * top)};
+}
+
+std::optional<ViewRect> SavedViewToRestore(double left, double top, double width, double height) {
+  if (width > 10 || height > 10) return ViewRect{left, top, width, height};
+  return std::nullopt;
 }
 
 ViewRect PanStep(const ViewState& view, PanDirection direction) {

@@ -102,12 +102,20 @@ std::optional<double> DigitZoomPercent(char key);
 // target column is tested, not the new left, and the bottom edge is not
 // tested at all).
 std::optional<ViewRect> LocatePointRect(const ViewState& view, std::int32_t x, std::int32_t y);
-// LocateGPS: the scroll position (screen pixels) that centres (x, y), or
-// nothing when the position is off the image.
+// LocateGPS: the scroll position (screen pixels) that centres (x, y). The
+// view's corner is worked in image pixels, x - w / 2 and y - h / 2, raised
+// to 0 and held to W - w and H - h so that the view stays on the image,
+// then scaled by the zoom into the viewer's scroll position; so the boat is
+// on screen whatever the zoom. Nothing when the position is off the image.
 struct ScrollPosition {
   std::int32_t x = 0, y = 0;
 };
 std::optional<ScrollPosition> LocateGPSScroll(const ViewState& view, std::int32_t x, std::int32_t y);
+
+// The view saved across runs (left, top, width, height in image pixels):
+// restored when its width or height is above 10, otherwise nothing, and
+// the chart comes up at 50 percent.
+std::optional<ViewRect> SavedViewToRestore(double left, double top, double width, double height);
 
 // One step of panning: the rectangle moved by a fifth of its width or
 // height, stopping at 0 or at the image's far edge.

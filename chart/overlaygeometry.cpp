@@ -182,6 +182,49 @@ bool BoundaryWorthDrawing(ScreenPoint a, ScreenPoint b, int surfaceWidth, int su
   return right >= 0 && bottom >= 0 && left < surfaceWidth && top < surfaceHeight;
 }
 
+std::string RoutePointLabel(int index, std::string_view name, int stopMinutes) {
+  std::string label = index == 1 ? "Start" : std::to_string(index);
+  const std::size_t b = name.find_first_not_of(' ');
+  if (b != std::string_view::npos) label += " Wa " + std::string(name.substr(b, name.find_last_not_of(' ') - b + 1));
+  if (stopMinutes > 0) label += " Stop " + std::to_string(stopMinutes) + "min";
+  return label;
+}
+
+std::string LegLabel(float range, float bearing, bool calculated, float courseToSteer, std::string_view remark) {
+  std::string text = FormatNumber(range, "0.0") + "nm " + FormatNumber(bearing, "000") + "\u00b0T";
+  if (calculated) text += " Steer " + FormatNumber(courseToSteer, "000") + "\u00b0M";
+  const std::size_t b = remark.find_first_not_of(' ');
+  if (b != std::string_view::npos) text += " " + std::string(remark.substr(b, remark.find_last_not_of(' ') - b + 1));
+  return text;
+}
+
+// ---- labels ----------------------------------------------------------------------
+
+bool BoxesOverlap(const LabelBox& a, const LabelBox& b) {
+  return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
+}
+
+std::vector<bool> LabelsClearOfPrevious(const std::vector<LabelBox>& boxes) {
+  std::vector<bool> drawn(boxes.size(), false);
+  const LabelBox* last = nullptr;
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    if (last && BoxesOverlap(*last, boxes[i])) continue;
+    drawn[i] = true;
+    last = &boxes[i];
+  }
+  return drawn;
+}
+
+ScreenPoint FloatingLabelPlace(double pointerX, double pointerY, double width, double height, int surfaceWidth,
+                               int surfaceHeight) {
+  ScreenPoint p{pointerX + 20, pointerY + 20};
+  if (p.x + width > surfaceWidth) p.x = pointerX - 20 - width;
+  if (p.y + height > surfaceHeight) p.y = pointerY - 20 - height;
+  p.x = std::max(0.0, p.x);
+  p.y = std::max(0.0, p.y);
+  return p;
+}
+
 // ---- night view ----------------------------------------------------------------
 
 int BrightnessAfterStep(int brightness, int step) { return std::clamp(brightness + step, 10, kFullBrightness); }

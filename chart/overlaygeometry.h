@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -118,6 +119,35 @@ bool LegCalculated(bool resultsExist, float legTime, int driftCount);
 // overlaps the surface and is at least 8 pixels wide on screen: a chart
 // that shrinks to a few pixels at this zoom tells nothing.
 bool BoundaryWorthDrawing(ScreenPoint a, ScreenPoint b, int surfaceWidth, int surfaceHeight);
+
+// The text of route point i (from 1): "Start" for the first, its number
+// after; " Wa " and the waypoint's name when it carries one; and, for a
+// point where the boat stops before the next leg (the dive time of a dive
+// route), " Stop " and the minutes with "min".
+std::string RoutePointLabel(int index, std::string_view name, int stopMinutes);
+// The text beside a leg: range "0.0" "nm ", bearing "000" "°T", then
+// " Steer " course "000" "°M" once the leg is calculated, then the point's
+// remark (the text the route gives its leg line) when it has one.
+std::string LegLabel(float range, float bearing, bool calculated, float courseToSteer, std::string_view remark);
+
+// ---- labels ----------------------------------------------------------------------
+
+// A label's box on the surface, top-left corner and size.
+struct LabelBox {
+  double x = 0, y = 0, width = 0, height = 0;
+};
+bool BoxesOverlap(const LabelBox& a, const LabelBox& b);
+// The time labels of a track, in track order: a label is drawn only when
+// it is clear of the last one drawn (the first is always drawn), so that
+// steps close together on the screen don't print their times over each
+// other, over the track and over the legs' "Steer" text.
+std::vector<bool> LabelsClearOfPrevious(const std::vector<LabelBox>& boxes);
+// A label that floats beside the pointer (the dividers' range): 20 pixels
+// right of and below it; where that runs past the surface's right or
+// bottom edge it goes as far to the left of or above the pointer instead,
+// and it never starts left of or above the surface.
+ScreenPoint FloatingLabelPlace(double pointerX, double pointerY, double width, double height, int surfaceWidth,
+                               int surfaceHeight);
 
 // ---- night view ----------------------------------------------------------------
 

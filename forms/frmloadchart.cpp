@@ -212,9 +212,14 @@ void FrmLoadChart::Ok() {
   accept();
 }
 
-void FrmLoadChart::Cancel() {
+void FrmLoadChart::Cancel() { reject(); }
+
+void FrmLoadChart::reject() {
+  // A click on another area stored that area at once; without OK the whole
+  // record goes back, so the window never works with an area it didn't load.
   settings_ = saved_;
-  reject();
+  accepted_ = false;
+  QDialog::reject();
 }
 
 void FrmLoadChart::GenerateCsv() {

@@ -45,6 +45,9 @@ class FrmLoadChart : public QDialog {
   void Ok();
   void Cancel();
   void GenerateCsv();
+  // Every way of leaving without OK (Cancel, Esc, the close box) puts the
+  // settings record back as it was when the form opened.
+  void reject() override;
 
   QListWidget* Areas() const { return lstAreas_; }
   QListWidget* Results() const { return ListResults_; }

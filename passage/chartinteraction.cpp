@@ -16,6 +16,10 @@ std::string RouteFullMessage() {
   return "A route holds at most 100 legs (101 points) - point not added";
 }
 
+LegDefaults LegDefaultsOf(const SettingsRecord& settings) {
+  return LegDefaults{settings.VesselSpeed, settings.UseLeeway != 0, settings.Leeway};
+}
+
 float SearchCircleOf(const SettingsRecord& settings) {
   return settings.SearchCircle < 0.01f ? 0.01f : settings.SearchCircle;
 }
@@ -125,19 +129,21 @@ std::vector<std::string> TrackingTexts(const PassageState& passage, float lat, f
           " Off Line : " + FormatNumber(offLine, "0.00 nm")};
 }
 
-DoubleClickTarget DoubleClickOrder(const DoubleClickCandidates& c, float lat, float lon, float circle) {
-  auto within = [&](const std::vector<Position>& points) {
-    int best = -1;
-    float bestRange = 25000;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-      float r = RangeBearing(lat, lon, points[i].lat, points[i].lon).range;
-      if (r < bestRange) {
-        bestRange = r;
-        best = static_cast<int>(i);
-      }
+int NearestWithinCircle(const std::vector<Position>& points, float lat, float lon, float circle) {
+  int best = -1;
+  float bestRange = 25000;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    float r = RangeBearing(lat, lon, points[i].lat, points[i].lon).range;
+    if (r < bestRange) {
+      bestRange = r;
+      best = static_cast<int>(i);
     }
-    return best >= 0 && bestRange < circle ? best : -1;
-  };
+  }
+  return best >= 0 && bestRange < circle ? best : -1;
+}
+
+DoubleClickTarget DoubleClickOrder(const DoubleClickCandidates& c, float lat, float lon, float circle) {
+  auto within = [&](const std::vector<Position>& points) { return NearestWithinCircle(points, lat, lon, circle); };
   struct Step {
     bool on;
     const std::vector<Position>* points;
@@ -416,7 +422,9 @@ InteractionOutcome ChartInteraction::AddRoutePoint(float lat, float lon) {
   }
   passage_.Route.push_back(std::move(p));
   EndMark();
-  return RouteEdited();
+  InteractionOutcome out = RouteEdited();
+  out.legDefaults = LegDefaultsOf(settings_);
+  return out;
 }
 
 InteractionOutcome ChartInteraction::InsertRoutePoint(float lat, float lon) {
@@ -594,6 +602,7 @@ KeyOutcome ChartInteraction::KeyDown(int key, bool shift, const KeyContext& cont
         return k;
       }
       k.effects = ClearRoute();
+      k.effects.timesBackToNow = k.effects.routeChanged;
       return k;
     case vk::Insert: {
       // On a marked route point the new point goes in after it, in the

@@ -115,6 +115,16 @@ struct PopupEnabling {
   bool dividerHome = false;       // mnuPUDivHome and its separator show with the dividers
 };
 
+// The working leg speed and leeway switch of the leg forms, which every
+// new route point takes again from the settings: VesselSpeed, and UseLeeway
+// with the Leeway value of the route form's box.
+struct LegDefaults {
+  float speed = 0;
+  bool useLeeway = false;
+  float leeway = 0;
+};
+LegDefaults LegDefaultsOf(const SettingsRecord& settings);
+
 // What the window must do after an event. Optional fields are left alone
 // when empty.
 struct InteractionOutcome {
@@ -135,6 +145,8 @@ struct InteractionOutcome {
   PopupEnabling popupItems;
   bool openMouseInput = false;    // frmMouseInput at the cursor
   bool endAnimation = false;      // Esc during a route animation
+  std::optional<LegDefaults> legDefaults;  // a route point added: the leg forms' defaults
+  bool timesBackToNow = false;    // Esc cleared a route: the working time follows the clock again
 };
 
 // The key table's commands that the window carries out itself.
@@ -186,6 +198,10 @@ struct InteractionHooks {
   std::function<void(const std::string&)> showMessage;
   std::function<bool(const std::string& text, const std::string& title)> askYesNo;
 };
+
+// The index of the point nearest to (lat, lon) by range when it lies within
+// `circle` nautical miles (the first of equal ranges), else -1.
+int NearestWithinCircle(const std::vector<Position>& points, float lat, float lon, float circle);
 
 // The double click's order of tests.
 enum class DoubleClickKind { None, TidalStation, Diamond, AisTarget, Wreck, UserSite };

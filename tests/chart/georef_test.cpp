@@ -154,20 +154,31 @@ TEST(View, LocatePointRoundsHalfToEven) {
   EXPECT_EQ(r->top, 350);
 }
 
-TEST(View, LocateGPS) {
+// The scroll limit was once the unscaled W - w, which at zoom 2 left a boat
+// near the right or bottom edge off the screen.
+TEST(View, LocateGPSHoldsTheCornerInImagePixelsSoTheBoatStaysOnScreenAtAnyZoom) {
   ViewState v{2.0, {0, 0, 200, 100}, 1000, 800};
   auto s = LocateGPSScroll(v, 300, 200);
   ASSERT_TRUE(s);
   EXPECT_EQ(s->x, 400);  // 2 * (300 - 100)
   EXPECT_EQ(s->y, 300);  // 2 * (200 - 50)
-  s = LocateGPSScroll(v, 900, 700);  // 1600 > W - w = 800; 1300 > H - h = 700
+  s = LocateGPSScroll(v, 900, 790);  // corner 800, 740: held to W - w = 800, H - h = 700
   ASSERT_TRUE(s);
-  EXPECT_EQ(s->x, 800);
-  EXPECT_EQ(s->y, 700);
+  EXPECT_EQ(s->x, 1600);
+  EXPECT_EQ(s->y, 1400);
+  // The boat's screen point 2 * 900 - 1600 = 200 and 2 * 790 - 1400 = 180
+  // lies inside the 400 x 200 screen pixels of the view.
   s = LocateGPSScroll(v, 50, 10);
   ASSERT_TRUE(s);
   EXPECT_EQ(s->x, 0);
   EXPECT_EQ(s->y, 0);
+  v.zoom = 0.5;  // below 1 the same corner, halved
+  s = LocateGPSScroll(v, 900, 790);
+  ASSERT_TRUE(s);
+  EXPECT_EQ(s->x, 400);
+  EXPECT_EQ(s->y, 350);
+  EXPECT_FALSE(LocateGPSScroll(v, 1000, 10));  // off the image
+  EXPECT_FALSE(LocateGPSScroll(v, -1, 10));
 }
 
 TEST(View, PansHomeAndEdges) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <vector>
 
 #include "chart/layerswitches.h"
 #include "chart/overlaygeometry.h"
@@ -191,6 +192,56 @@ TEST(OverlayGeometry, BoundariesWorthDrawing) {
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << c.a.x << "," << c.a.y << " " << c.b.x << "," << c.b.y);
     EXPECT_EQ(BoundaryWorthDrawing(c.a, c.b, 800, 600), c.drawn);
+  }
+}
+
+TEST(OverlayGeometry, RouteAndLegLabelsCarryTheRoutesOptions) {
+  EXPECT_EQ(RoutePointLabel(1, "", 0), "Start");
+  EXPECT_EQ(RoutePointLabel(1, "  Anvil Point ", 0), "Start Wa Anvil Point");
+  EXPECT_EQ(RoutePointLabel(3, "", 30), "3 Stop 30min");
+  EXPECT_EQ(RoutePointLabel(12, "Old Harry", 45), "12 Wa Old Harry Stop 45min");
+  EXPECT_EQ(LegLabel(4.26f, 87.4f, false, 93.6f, ""), "4.3nm 087\u00b0T");
+  EXPECT_EQ(LegLabel(4.26f, 87.4f, true, 93.6f, "  "), "4.3nm 087\u00b0T Steer 094\u00b0M");
+  EXPECT_EQ(LegLabel(0.04f, 359.6f, true, 2.0f, "keep off the ledges"),
+            "0.0nm 360\u00b0T Steer 002\u00b0M keep off the ledges");
+}
+
+// The track's time labels sat on top of each other where the steps lie
+// close on the screen, hiding the track and the legs' "Steer" text.
+TEST(OverlayGeometry, TrackTimeLabelsAreDrawnOnlyClearOfTheLastOneDrawn) {
+  // 40 x 14 labels every 10 pixels along a line: only every fourth one is
+  // clear of the one last drawn (its left edge at 40 or more past it).
+  std::vector<LabelBox> boxes;
+  for (int i = 0; i < 9; ++i) boxes.push_back(LabelBox{10.0 * i, 100, 40, 14});
+  const std::vector<bool> drawn = LabelsClearOfPrevious(boxes);
+  EXPECT_EQ(drawn, (std::vector<bool>{true, false, false, false, true, false, false, false, true}));
+  // Steps far apart all keep their labels; one that only touches is clear.
+  EXPECT_EQ(LabelsClearOfPrevious({{0, 0, 40, 14}, {40, 0, 40, 14}, {80, 14, 40, 14}}),
+            (std::vector<bool>{true, true, true}));
+  // A step that turns back over an earlier label is compared with the last
+  // one drawn only.
+  EXPECT_EQ(LabelsClearOfPrevious({{0, 0, 40, 14}, {100, 0, 40, 14}, {5, 5, 40, 14}}),
+            (std::vector<bool>{true, true, true}));
+  EXPECT_TRUE(LabelsClearOfPrevious({}).empty());
+}
+
+// The dividers' label followed the pointer off the right edge of the chart.
+TEST(OverlayGeometry, FloatingLabelStaysOnTheSurface) {
+  struct Case {
+    double x, y, w, h;
+    ScreenPoint at;
+  } cases[] = {
+      {100, 100, 150, 20, {120, 120}},   // 20 right of and below the pointer
+      {700, 100, 150, 20, {530, 120}},   // would end at 870 > 800: left of the pointer
+      {630, 100, 150, 20, {650, 120}},   // ends at 800 exactly: stays right
+      {100, 590, 150, 20, {120, 550}},   // near the bottom: above the pointer
+      {10, 10, 900, 20, {0, 30}},        // wider than the surface: from its left edge
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.x << "," << c.y);
+    ScreenPoint p = FloatingLabelPlace(c.x, c.y, c.w, c.h, 800, 600);
+    EXPECT_DOUBLE_EQ(p.x, c.at.x);
+    EXPECT_DOUBLE_EQ(p.y, c.at.y);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
+#include <QFileDialog>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
@@ -86,6 +87,7 @@ namespace {
 struct FormWatch {
   std::set<std::string> opened;
   std::function<bool(QDialog&)> inside;
+  std::string pick;  // the file a file dialog is answered with
   QTimer poll;
   FormWatch() {
     poll.setInterval(10);
@@ -95,6 +97,11 @@ struct FormWatch {
         if (!dialog || !dialog->isVisible()) continue;
         std::string name = dialog->metaObject()->className();
         name = QString::fromStdString(name.substr(name.rfind(':') + 1)).toLower().toStdString();
+        if (auto* files = qobject_cast<QFileDialog*>(dialog); files && !pick.empty()) {
+          files->selectFile(QString::fromStdString(pick));
+          files->accept();
+          continue;
+        }
         const bool first = opened.insert(name).second;
         if (first && inside && inside(*dialog)) continue;
         if (dialog->isVisible()) dialog->reject();
@@ -154,6 +161,11 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
                             "mnuLastRouteResults", "mnuRouteInfo", "mnuConfigureGPS", "mnuConfigureAIS",
                             "mnuCopyComPortDetails", "mnuGPSMonitor", "mnuAISSummary"})
     run(entry);
+  // The outline's editor, once an outline is loaded.
+  watch.pick = (tree.folders.DataRoot() / "OutlineData" / "Sample Coast.l40").string();
+  run("mnuOutlineLoad");
+  watch.pick.clear();
+  run("mnuOutlineEdit");
   // The calculation form, and from it the modification of a leg; a
   // completed calculation brings the results.
   // The clicks run from a timer of their own, so that the watch goes on

@@ -204,9 +204,12 @@ TEST(ChartPane, DrawsTheFactoryChartAndSavesTheView) {
   EXPECT_NEAR(r.center().x(), again.ViewStore().value("Settings/Left").toDouble() + r.width() / 2, 2.0);
 }
 
-TEST(ChartPane, LadderByCommandAndByZoom) {
+// The ladder once left ChartFile at the chooser's chart, so that after the
+// chooser had picked 9999-1 the way back to it was refused as "no switch".
+TEST(ChartPane, LadderByCommandAndByZoomWritesTheChartInUseAtEverySwitch) {
   App();
   ChartTree t;
+  t.settings.ChartFile = "9999-1";  // as the chooser writes it
   app::ChartPane pane(t.tree.folders, t.settings);
   std::vector<std::string> messages;
   pane.showMessage = [&](const std::string& m) { messages.push_back(m); };
@@ -219,6 +222,7 @@ TEST(ChartPane, LadderByCommandAndByZoom) {
   ASSERT_TRUE(pane.NextScaleChart());
   EXPECT_EQ(pane.CurrentChart().chartNumber, "9999-3");
   EXPECT_EQ(fs::path(ReadSettings(t.tree.folders.SettingsFile()).ChartPath).filename(), "9999-3");
+  EXPECT_EQ(ReadSettings(t.tree.folders.SettingsFile()).ChartFile, "9999-3");
   // The old view, clamped into the finer chart, still shows the cursor.
   pane.grab();
   EXPECT_LT(pane.Corners().ViewLeftLon, kAnvilLon);
@@ -228,6 +232,8 @@ TEST(ChartPane, LadderByCommandAndByZoom) {
   EXPECT_FALSE(pane.NextScaleChart());  // nothing finer here
   ASSERT_TRUE(pane.PreviousScaleChart());
   EXPECT_EQ(pane.CurrentChart().chartNumber, "9999-1");
+  EXPECT_EQ(t.settings.ChartFile, "9999-1");
+  EXPECT_EQ(t.settings.ChartDescription, pane.CurrentChart().chartName);
   EXPECT_LE(pane.Viewer()->Zoom(), 1.2);
 
   // Zooming past ScaleMax switches at the next paint to the finer chart at
@@ -376,7 +382,9 @@ TEST(LoadChartForm, AreasChartsSearchAndCancel) {
     EXPECT_TRUE(form.OkButton()->isEnabled());
     EXPECT_EQ(form.ChartNumber()->text(), "9998-2");
     EXPECT_FALSE(form.Preview()->pixmap().isNull());
-    form.Cancel();
+    // Esc leaves as Cancel does (it once kept the browsed area).
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
   }
   EXPECT_EQ(t.settings.ChartSet, before.ChartSet);
   EXPECT_EQ(t.settings.ChartPath, before.ChartPath);

@@ -126,6 +126,15 @@ TEST(ChartInteraction, ShiftClickBuildsTheRoute) {
   // 30 cos(50.5 degrees) = 19.08 miles; 49.08 in all.
   EXPECT_NEAR(w.passage.RouteDistance, 49.08f, 0.01f);
   EXPECT_EQ(w.chart.RouteText(), ":  Route = 49.1nm");
+  // The leg forms' working speed and leeway go back to the settings' at
+  // each new point (the leeway was once left as the last form had it).
+  w.settings.UseLeeway = 1;
+  w.settings.Leeway = 7.5f;
+  InteractionOutcome fourth = w.ShiftClick(50.6f, -0.5f);
+  ASSERT_TRUE(fourth.legDefaults);
+  EXPECT_EQ(fourth.legDefaults->speed, 5.0f);
+  EXPECT_TRUE(fourth.legDefaults->useLeeway);
+  EXPECT_EQ(fourth.legDefaults->leeway, 7.5f);
 }
 
 TEST(ChartInteraction, PointsWithoutSnapLieOnThePixelGrid) {
@@ -198,6 +207,7 @@ TEST(ChartInteraction, BackspaceEscAndIns) {
   w.passage.RouteCog.push_back(Cog(50, -1, 10));
   KeyOutcome esc = w.chart.KeyDown(vk::Escape, false);
   EXPECT_TRUE(esc.effects.routeChanged);
+  EXPECT_TRUE(esc.effects.timesBackToNow);
   EXPECT_EQ(RouteCount(w.passage), 0);
   EXPECT_EQ(w.passage.RouteCog.size(), 1u);
   EXPECT_FALSE(w.marks.DividersOn);
@@ -206,6 +216,7 @@ TEST(ChartInteraction, BackspaceEscAndIns) {
   KeyOutcome again = w.chart.KeyDown(vk::Escape, false);
   EXPECT_FALSE(again.effects.redraw);
   EXPECT_FALSE(again.effects.routeChanged);
+  EXPECT_FALSE(again.effects.timesBackToNow);
   // Backspace on an empty route is nothing.
   EXPECT_FALSE(w.chart.KeyDown(vk::Back, false).effects.routeChanged);
   // During a route animation Esc ends the replay and keeps the route.
