@@ -35,9 +35,11 @@ void FrmChart::mnucalcrte_Click() {
 
   forms::frmcalcroute form(state_.passage, state_.Streams(), state_.settings, state_.moment, this);
   form.showMessage = showMessage;
-  // The idle timer waits while the legs are worked: its minute's work
-  // could reload the tides under the calculation.
+  // The idle timer waits while the legs are worked, and the minute's
+  // routine of the polling loop holds off: either could reload the tides
+  // under the calculation.
   form.working = [this, wasActive = false](bool on) mutable {
+    calculating_ = on;
     if (on) {
       wasActive = timer1_.isActive();
       timer1_.stop();

@@ -182,6 +182,13 @@ bool BoundaryWorthDrawing(ScreenPoint a, ScreenPoint b, int surfaceWidth, int su
   return right >= 0 && bottom >= 0 && left < surfaceWidth && top < surfaceHeight;
 }
 
+std::string BoundaryLabel(std::string_view chartName, std::string_view chartNumber, bool showName, bool showNumber) {
+  std::string label;
+  if (showName) label = chartName;
+  if (showNumber) label += (label.empty() ? "" : " : ") + std::string(chartNumber);
+  return label;
+}
+
 // ---- night view ----------------------------------------------------------------
 
 int BrightnessAfterStep(int brightness, int step) { return std::clamp(brightness + step, 10, kFullBrightness); }

@@ -119,6 +119,11 @@ bool LegCalculated(bool resultsExist, float legTime, int driftCount);
 // that shrinks to a few pixels at this zoom tells nothing.
 bool BoundaryWorthDrawing(ScreenPoint a, ScreenPoint b, int surfaceWidth, int surfaceHeight);
 
+// The label written inside a drawn boundary's upper-left corner by the two
+// settings beside it: the chart's name, its number, or both as the status
+// bar gives them ("name : number"); empty with both off.
+std::string BoundaryLabel(std::string_view chartName, std::string_view chartNumber, bool showName, bool showNumber);
+
 // ---- night view ----------------------------------------------------------------
 
 // The chart's brightness in percent, 10 to 100; 100 is the chart as it is.
