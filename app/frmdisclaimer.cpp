@@ -59,6 +59,12 @@ Frmdisclaimer::Frmdisclaimer(Folders folders, QWidget* parent) : QMainWindow(par
     forms::frmAbout form(KELVANE_VERSION, seed ? *seed : state_.folders.DataRoot(), this);
     form.exec();
   });
+  QAction* quick = help->addAction("Quick Instructions...");
+  quick->setObjectName("mnuQuickInstructions");
+  connect(quick, &QAction::triggered, this, [this] {
+    forms::frmQuickInstructions form(this);
+    form.exec();
+  });
 
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);

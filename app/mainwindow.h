@@ -63,6 +63,10 @@ class FrmChart : public QMainWindow {
   void Timer1_Timer();
   void MinuteTick();
   void Timer1Routine();
+  // Lets go of a time set by the user: the clock's moment is in force
+  // again, with its day's curves and the streams now (the chart's Esc
+  // brings the times back to now).
+  void BackToClockTime();
   std::function<std::tm()> clock;  // the system clock; a test may set another
 
   // The settings forms, run as the menus run them.

@@ -50,4 +50,13 @@ void FrmChart::Timer1Routine() {
   UpdateCaption();
 }
 
+void FrmChart::BackToClockTime() {
+  WorkingMoment& m = state_.moment;
+  m.userTimeSet = false;
+  ReadClock(m, clock());
+  LoadTides(m.WorkingDay, m.WorkingYear);
+  UpdateCaption();
+  Redraw();
+}
+
 }  // namespace kelvane::app

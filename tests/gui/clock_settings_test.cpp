@@ -139,6 +139,10 @@ TEST(MainWindowClock, UserTimeSurvivesThePollingLoopOfAnAttachedPort) {
   EXPECT_EQ(FirstPort(chart), atUserTime);
   EXPECT_NE(chart.windowTitle().indexOf("03:30"), -1) << chart.windowTitle().toStdString();
   chart.Action("mnuPosGpsDisconnect")->trigger();
+  // Letting go of the user's time puts the clock's moment back in force.
+  chart.BackToClockTime();
+  EXPECT_FALSE(chart.State().moment.userTimeSet);
+  EXPECT_FLOAT_EQ(chart.State().moment.WorkingTime, 15.0f + 5.0f / 60.0f);
   chart.close();
   fs::remove_all(dir);
 }
