@@ -130,7 +130,6 @@ const std::vector<AwaitingAction>& ActionsAwaitingWork() {
       {"mnuViewWrecksShow", "wrecks and dive sites"},
       {"mnuSearchWrecks", "wrecks and dive sites"},
       {"mnuUserWrecks", "wrecks and dive sites"},
-      {"mnuAbout", "help"},
   };
   return awaiting;
 }

@@ -442,10 +442,11 @@ void ChartInteractionController::Apply(const InteractionOutcome& out) {
     window_.UpdateStatusBar();
   }
   if (out.legDefaults) {
-    window_.State().LegSpeed = out.legDefaults->speed;
+    window_.State().passage.LegSpeed = out.legDefaults->speed;
     window_.State().UseLeewaySwitch = out.legDefaults->useLeeway;
   }
-  if (out.timesBackToNow) window_.TimesBackToNow();
+  // Esc's clearing of a route: a time the user set gives way to the clock.
+  if (out.timesBackToNow && window_.State().moment.userTimeSet) window_.BackToClockTime();
   if (out.redraw) viewer->Redraw();
   if (out.openMouseInput) OpenMouseInput(machine_.CursorLat, machine_.CursorLon);
 }

@@ -42,9 +42,14 @@ ChartPane::ChartPane(const Folders& folders, SettingsRecord& settings, QWidget* 
   showMessage = forms::DefaultMessageSink(this);
   onChartFileError = [this] {
     showMessage(ChartFileErrorText(settings_.ChartsFolder, settings_.ChartPath));
-    WriteSettings(folders_.SettingsFile(), DefaultSettings(folders_));
-    QCoreApplication::exit(0);
+    // Only the chart choice goes back to the sample chart: the rest of the
+    // user's settings stay as the file holds them.
+    SettingsRecord record = ReadSettings(folders_.SettingsFile());
+    SetFactoryChart(record, folders_);
+    WriteSettings(folders_.SettingsFile(), record);
+    if (endProgram) endProgram();
   };
+  endProgram = [] { QCoreApplication::exit(0); };
   viewStore_ = std::make_unique<QSettings>(QString::fromStdString((folders_.UserFiles() / "ChartView.ini").string()),
                                            QSettings::IniFormat);
   BuildPopupMenu();

@@ -45,6 +45,8 @@ class ChartPane : public QWidget {
   // by default the message, the factory chart written to the settings file
   // and the end of the program.
   std::function<void()> onChartFileError;
+  // How that default ends the program (a test keeps it running).
+  std::function<void()> endProgram;
 
   // ReadChartsTable and SelectCurrentChart for the settings in force.
   void ReadCatalogue();

@@ -9,6 +9,7 @@
 
 #include "app/mainwindow.h"
 #include "core/datatree.h"
+#include "forms/frmAbout.h"
 
 namespace kelvane::app {
 
@@ -49,7 +50,21 @@ Frmdisclaimer::Frmdisclaimer(Folders folders, QWidget* parent) : QMainWindow(par
   connect(restore, &QAction::triggered, this, &Frmdisclaimer::mnuRestoreDefaults_Click);
   QMenu* help = menuBar()->addMenu("&Help");
   help->setObjectName("mnuHelp");
-  help->addAction("About Kelvane");
+  QAction* about = help->addAction("About Kelvane");
+  about->setObjectName("mnuAbout");
+  connect(about, &QAction::triggered, this, [this] {
+    // Before the data root is seeded the sources are those of the data
+    // installed with the program.
+    const auto seed = SeedFolder(KELVANE_SEED_DIR);
+    forms::frmAbout form(KELVANE_VERSION, seed ? *seed : state_.folders.DataRoot(), this);
+    form.exec();
+  });
+  QAction* quick = help->addAction("Quick Instructions...");
+  quick->setObjectName("mnuQuickInstructions");
+  connect(quick, &QAction::triggered, this, [this] {
+    forms::frmQuickInstructions form(this);
+    form.exec();
+  });
 
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);
@@ -74,10 +89,9 @@ Frmdisclaimer::Frmdisclaimer(Folders folders, QWidget* parent) : QMainWindow(par
 Frmdisclaimer::~Frmdisclaimer() = default;
 
 bool Frmdisclaimer::Prepare() {
-  // 1 - 3. The folders are known; lay out the tree and seed the data root
-  // with the installed sample data it lacks.
+  // 1 - 3. The folders are known; lay out the tree. The installed sample
+  // data go into the data root only once the user has accepted.
   CreateDataTree(state_.folders);
-  if (auto seed = SeedFolder(KELVANE_SEED_DIR)) SeedDataRoot(state_.folders, *seed);
   // 4. Caption with the program's name and version.
   setWindowTitle(QString("Kelvane ") + KELVANE_VERSION);
   // 5. The user's date order.
@@ -99,6 +113,7 @@ bool Frmdisclaimer::Prepare() {
 }
 
 void Frmdisclaimer::cmdCCok_Click() {
+  if (auto seed = SeedFolder(KELVANE_SEED_DIR)) SeedDataRoot(state_.folders, *seed);
   hide();
   chart_ = std::make_unique<FrmChart>(state_);
   chart_->showMessage = showMessage;

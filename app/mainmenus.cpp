@@ -39,6 +39,8 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"&Tides", "mnutides", "Tide Heights...", false},
       {"&Tides", "mnusunrise", "Sun and Moon...", false},
       {"&Tides", "mnumonth", "Month of Tides...", false},
+      {"&Tides", "mnuArea", "Tidal Area...", false},
+      {"&Tides", "mnuPortList", "Tidal Port...", false},
       {"&Tides", "mnushowTideHeights", "Show Tidal Ports", true},
       {"&Tides", "-", "", false},
       {"&Tides", "mnuShowTidalStreams", "Show Tidal Streams", true},
@@ -117,6 +119,7 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"&Settings", "mnuSetTimeDate", "Date and Time...", false},
       {"&Settings", "mnuConfigMouseAttached", "Mouse Attached", true},
 
+      {"&Help", "mnuQuickInstructions", "Quick Instructions...", false},
       {"&Help", "mnuAbout", "About Kelvane", false},
   };
   return entries;

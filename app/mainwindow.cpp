@@ -16,10 +16,12 @@
 #include "core/settings.h"
 #include "forms/frmconfigure.h"
 #include "forms/frmtimdat.h"
+#include "passage/routeform.h"
 
 namespace kelvane::app {
 
-FrmChart::FrmChart(ProgramState state, QWidget* parent) : QMainWindow(parent), state_(std::move(state)) {
+FrmChart::FrmChart(ProgramState state, QWidget* parent)
+    : QMainWindow(parent), clock(LocalNow), state_(std::move(state)) {
   setObjectName("frmChart");
   showMessage = forms::DefaultMessageSink(this);
   actions_ = BuildMainMenus(menuBar());
@@ -41,6 +43,8 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent) : QMainWindow(parent), s
   InstallInteraction();
   instruments_->ConnectChart();
   ConnectPassageMenus();
+  ConnectTideDialogs();
+  ConnectHelp();
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);
 }
@@ -101,7 +105,7 @@ void FrmChart::Load() {
   Action("mnuShowTidalStreams")->setEnabled(state_.settings.UseTides != 0);
   // 4. The machine-wide install path has no counterpart here.
   // 5. The clock.
-  ReadClock(state_.moment, LocalNow());
+  ReadClock(state_.moment, clock());
   // 6. Chart boundaries show for the first chart, whatever the file says.
   state_.settings.ShowChartBoundaries = -1;
   Action("mnuViewChartBoundaries")->setChecked(true);
@@ -117,7 +121,7 @@ void FrmChart::Load() {
   LoadTides(state_.moment.WorkingDay, state_.moment.WorkingYear);
   // 10. Wreck marks and sites come with their subsystem.
   // 11. The leg speed starts as the vessel speed; no route yet.
-  state_.LegSpeed = state_.settings.VesselSpeed;
+  state_.passage.LegSpeed = state_.settings.VesselSpeed;
   state_.UseLeewaySwitch = state_.settings.UseLeeway != 0;
   // 12. The chart image and its overlays.
   LoadChartImage();
@@ -177,13 +181,14 @@ void FrmChart::RunConfigure(int variant) {
   if (form.exec() != QDialog::Accepted || !form.Outcome()) return;
   const ConfigureOutcome& out = *form.Outcome();
   state_.settings = form.Record();
-  state_.LegSpeed = out.legSpeed;
+  state_.passage.LegSpeed = out.legSpeed;
   state_.UseLeewaySwitch = out.useLeewaySwitch;
   Action("mnuShowTidalStreams")->setEnabled(out.streamMenusEnabled);
+  // A new boat speed is the speed of every leg of the route on show.
+  if (out.setRouteSpeeds) SetRouteSpeed(state_.passage, state_.settings.VesselSpeed);
   // A change of summer time moves every predicted time by an hour.
   if (out.summerTimeChanged) LoadTides(state_.moment.TideDay, state_.moment.TideYear);
-  // The route's leg speeds and the wreck marks follow here as their
-  // subsystems arrive.
+  // The wreck marks follow here when the wreck layer arrives.
   UpdateStatusBar();
   Redraw();
 }
@@ -204,28 +209,6 @@ void FrmChart::RunTimeDate() {
   UpdateCaption();
   Redraw();
 }
-
-// ---- timers --------------------------------------------------------------
-
-void FrmChart::Timer1_Timer() {
-  if (ticker_.Tick(false, state_.moment.userTimeSet)) MinuteTick();
-}
-
-void FrmChart::MinuteTick() {
-  std::tm now = LocalNow();
-  // The routine compares the clock's day with the day in force, so the
-  // clock reading must not take today's day over first.
-  const std::int16_t today = state_.moment.TodayDay, todayYear = state_.moment.TodayYear;
-  ReadClock(state_.moment, now);
-  state_.moment.TodayDay = today;
-  state_.moment.TodayYear = todayYear;
-  MinuteWork work = Timer1Routine(state_.moment, now.tm_yday + 1, now.tm_year + 1900);
-  if (!work.message.empty()) showMessage(work.message);
-  if (work.newDay) LoadTides(state_.moment.TodayDay, state_.moment.TodayYear);
-  UpdateCaption();
-  if (!isMinimized()) Redraw();
-}
-
 
 void FrmChart::Redraw() {
   if (centralWidget()) centralWidget()->update();

@@ -5,6 +5,8 @@
 
 #include <QMainWindow>
 #include <QTimer>
+#include <ctime>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -43,8 +45,6 @@ class FrmChart : public QMainWindow {
   void DisableRouteMenus();
   void AnimateMenusEnable();
   void AnimateMenusDisable();
-  // Esc's clearing of a route: a time the user set gives way to the clock.
-  void TimesBackToNow();
   ChartInteractionController* Interaction() const { return interaction_; }
 
   ProgramState& State() { return state_; }
@@ -55,12 +55,29 @@ class FrmChart : public QMainWindow {
   InstrumentsController* Instruments() const { return instruments_; }
   ModeFlags& Mode() { return mode_; }
 
-  // The minute's work of the idle tick: read the clock, run the routine,
-  // redraw. Public so that a test need not wait a minute.
+  // The clock (mainwindow_clock.cpp). The idle tick counts its 100 ms
+  // ticks; about once a minute MinuteTick reads the clock and runs
+  // Timer1Routine, which the polling loop of the instruments also calls
+  // while a port is attached. Public so that a test can count a minute's
+  // ticks and set the clock without waiting.
+  void Timer1_Timer();
   void MinuteTick();
+  void Timer1Routine();
+  // Lets go of a time set by the user: the clock's moment is in force
+  // again, with its day's curves and the streams now (the chart's Esc
+  // brings the times back to now).
+  void BackToClockTime();
+  std::function<std::tm()> clock;  // the system clock; a test may set another
+
   // The settings forms, run as the menus run them.
   void RunConfigure(int variant);
   void RunTimeDate();
+  // The tides menu's area and port dialogs (mainwindow_tidedialogs.cpp).
+  void mnuArea_Click();
+  void mnuPortList_Click();
+  // The help menu (mainwindow_help.cpp).
+  void mnuAbout_Click();
+  void mnuQuickInstructions_Click();
 
   forms::MessageSink showMessage;
 
@@ -93,7 +110,8 @@ class FrmChart : public QMainWindow {
   void ConnectMenus();
   void ConnectPassageMenus();
   void ToggleSetting(const std::string& action);
-  void Timer1_Timer();
+  void ConnectTideDialogs();
+  void ConnectHelp();
   void SaveGeometry();
   void RestoreGeometry();
   void Shutdown();
@@ -121,6 +139,7 @@ class FrmChart : public QMainWindow {
   ModeFlags mode_;
   std::unique_ptr<QSettings> windowStore_;
   bool loaded_ = false;
+  bool calculating_ = false;  // a route calculation is working its legs
   InstrumentsController* instruments_ = nullptr;  // a child of the window
   ChartInteractionController* interaction_ = nullptr;  // a child of the window
   std::unique_ptr<LayerControls> layers_;

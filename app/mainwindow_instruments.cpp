@@ -215,7 +215,7 @@ void InstrumentsController::SyncTimers() {
 
 CommsHooks InstrumentsController::Hooks() {
   CommsHooks hooks;
-  hooks.timer1Routine = [this] { chart_.MinuteTick(); };
+  hooks.timer1Routine = [this] { chart_.Timer1Routine(); };
   hooks.redrawOverlays = [this] { emit chart_.RedrawRequested(); };
   hooks.recentreCheck = [this] { RecentreOnBoat(); };
   hooks.pumpEvents = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };

@@ -28,16 +28,6 @@ ChartStatus FrmChart::CurrentChartStatus() const {
   return status;
 }
 
-void FrmChart::TimesBackToNow() {
-  WorkingMoment& m = state_.moment;
-  if (!m.userTimeSet) return;
-  m.userTimeSet = false;
-  ReadClock(m, LocalNow());
-  LoadTides(m.WorkingDay, m.WorkingYear);
-  UpdateCaption();
-  Redraw();
-}
-
 void FrmChart::UpdateRouteCombo() {
   if (interaction_) interaction_->UpdateRouteCombo();
 }

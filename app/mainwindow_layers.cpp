@@ -157,7 +157,7 @@ void FrmChart::RollTideTime(bool plus) {
   // On real time, the clock's present date and minute become the tide time
   // and the clock lets go of it.
   if (!m.userTimeSet) {
-    std::tm now = LocalNow();
+    std::tm now = clock();
     ReadClock(m, now);
     m.WorkingTime = static_cast<float>(now.tm_hour) + static_cast<float>(now.tm_min) / 60.0f;
     m.userTimeSet = true;

@@ -94,9 +94,11 @@ void FrmChart::mnucalcrte_Click() {
     }
     for (const std::string& line : lines) box->appendPlainText(forms::ToQString(line));
   };
-  // The idle timer waits while the legs are worked: its minute's work
-  // could reload the tides under the calculation.
+  // The idle timer waits while the legs are worked, and the minute's
+  // routine of the polling loop holds off: either could reload the tides
+  // under the calculation.
   form.working = [this, wasActive = false](bool on) mutable {
+    calculating_ = on;
     if (on) {
       wasActive = timer1_.isActive();
       timer1_.stop();

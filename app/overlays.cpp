@@ -511,6 +511,14 @@ void DrawChartBoundaries(OverlayFrame& f) {
                              {lowerLeft.x, upperRight.y},
                              {lowerLeft.x, lowerLeft.y}};
     d.drawPolyline(ring, 5);
+    const std::string label = BoundaryLabel(Trim(c.chartName), Trim(c.chartNumber),
+                                            f.settings.ShowChartName != 0, f.settings.ShowChartNum != 0);
+    if (!label.empty()) {
+      SelectFont(d, "Arial", 12);
+      DrawText(QString::fromStdString(label), std::min(lowerLeft.x, upperRight.x) + 3,
+               std::min(lowerLeft.y, upperRight.y) + 3, d, kBlack, 0, false);
+      RestoreFont(d);
+    }
   }
   RestorePen(d);
 }

@@ -29,7 +29,6 @@ struct ProgramState {
   StreamState streams;          // the area's diamonds and the streams now
   PassageState passage;         // the route, its calculated track and results
   ChartMarks marks;             // the chart's modes and marks, for the overlays
-  float LegSpeed = 0;           // the working leg speed of the leg forms, knots
   bool UseLeewaySwitch = false; // the leg forms' working leeway switch
 
   // The stream lookup's view of the tides and diamonds.

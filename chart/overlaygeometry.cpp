@@ -225,6 +225,13 @@ ScreenPoint FloatingLabelPlace(double pointerX, double pointerY, double width, d
   return p;
 }
 
+std::string BoundaryLabel(std::string_view chartName, std::string_view chartNumber, bool showName, bool showNumber) {
+  std::string label;
+  if (showName) label = chartName;
+  if (showNumber) label += (label.empty() ? "" : " : ") + std::string(chartNumber);
+  return label;
+}
+
 // ---- night view ----------------------------------------------------------------
 
 int BrightnessAfterStep(int brightness, int step) { return std::clamp(brightness + step, 10, kFullBrightness); }

@@ -149,6 +149,11 @@ std::vector<bool> LabelsClearOfPrevious(const std::vector<LabelBox>& boxes);
 ScreenPoint FloatingLabelPlace(double pointerX, double pointerY, double width, double height, int surfaceWidth,
                                int surfaceHeight);
 
+// The label written inside a drawn boundary's upper-left corner by the two
+// settings beside it: the chart's name, its number, or both as the status
+// bar gives them ("name : number"); empty with both off.
+std::string BoundaryLabel(std::string_view chartName, std::string_view chartNumber, bool showName, bool showNumber);
+
 // ---- night view ----------------------------------------------------------------
 
 // The chart's brightness in percent, 10 to 100; 100 is the chart as it is.

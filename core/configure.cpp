@@ -33,6 +33,9 @@ ConfigureOutcome ApplyConfigure(SettingsRecord& r, const ConfigureControls& c,
     out.cmbUpperShown = upper;
     out.cmbLowerShown = lower;
   }
+  if (c.chkShowChartName) r.ShowChartName = Flag(*c.chkShowChartName);
+  if (c.chkShowChartNum) r.ShowChartNum = Flag(*c.chkShowChartNum);
+  if (c.chkAutoChartSwitch) r.AutoChartSwitch = Flag(*c.chkAutoChartSwitch);
   // 3. Stream and wind fonts.
   if (c.StreamFontColour) r.StreamFontColour = *c.StreamFontColour;
   if (c.cmbStreamFontSize) r.StreamFontSize = RoundToInt(TextValue(*c.cmbStreamFontSize));
@@ -199,7 +202,9 @@ ConfigureOutcome ApplyConfigure(SettingsRecord& r, const ConfigureControls& c,
   out.written = file.has_value();
   // 20 - 23. What the main window does next.
   out.streamMenusEnabled = r.UseTides != 0;
-  out.setRouteSpeeds = true;
+  // Every leg of the route takes the vessel speed, whatever it was given
+  // since, on each save of a form that shows the speed.
+  out.setRouteSpeeds = c.Txtboatspeed.has_value();
   out.summerTimeChanged = r.SummerTime != summerBefore;
   out.reloadWrecks = true;
   return out;

@@ -21,6 +21,9 @@ namespace kelvane {
 struct ConfigureControls {
   // Scales of automatic chart change, in percent ("18", "150").
   std::optional<std::string> cmbLower, cmbUpper;
+  // Beside them: the chart boundaries' name and number labels, and the
+  // automatic change of chart by zoom.
+  std::optional<bool> chkShowChartName, chkShowChartNum, chkAutoChartSwitch;
   // Stream and wind fonts.
   std::optional<std::int32_t> StreamFontColour, WindFontColour;
   std::optional<std::string> cmbStreamFontSize, cmbWindFontSize;
@@ -73,7 +76,7 @@ struct ConfigureOutcome {
   float legSpeed = 0;               // the new working leg speed (the vessel speed)
   bool useLeewaySwitch = false;     // the leg forms' working leeway switch
   bool streamMenusEnabled = false;  // the stream menus follow UseTides
-  bool setRouteSpeeds = false;      // every route point's speed becomes VesselSpeed
+  bool setRouteSpeeds = false;      // every route point's speed becomes VesselSpeed (forms with the speed box)
   bool summerTimeChanged = false;   // reload the reference ports and the day's predictions
   bool reloadWrecks = false;        // reload the wreck marks
   std::optional<std::string> cmbUpperShown, cmbLowerShown;  // the scale lists after forcing their order

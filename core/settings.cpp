@@ -158,6 +158,15 @@ const std::vector<SettingsField>& SettingsFields() {
   return fields;
 }
 
+void SetFactoryChart(SettingsRecord& record, const Folders& folders) {
+  const SettingsRecord factory = DefaultSettings(folders);
+  record.ChartDescription = factory.ChartDescription;
+  record.ChartPath = factory.ChartPath;
+  record.ChartSet = factory.ChartSet;
+  record.ChartFile = factory.ChartFile;
+  record.ChartsFolder = factory.ChartsFolder;
+}
+
 SettingsRecord DefaultSettings(const Folders& folders) {
   const std::string program = folders.programFolder.string();
   const std::string data = folders.DataRoot().string();

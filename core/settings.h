@@ -190,6 +190,11 @@ struct Folders;  // datatree.h
 // The record of a first run. Paths join the program's folders with "/".
 SettingsRecord DefaultSettings(const Folders& folders);
 
+// Puts the factory chart choice into a record and leaves every other field
+// as it is: the sample chart's area, path, title and number, and the charts
+// folder. What the program writes when the chart in use cannot be shown.
+void SetFactoryChart(SettingsRecord& record, const Folders& folders);
+
 // The record as file bytes: exactly 3,582 of them.
 std::vector<std::uint8_t> EncodeSettings(const SettingsRecord& record);
 // The record from file bytes. A short input is read as far as it goes, the

@@ -69,7 +69,12 @@ void FrmGPSConfig::Build() {
   layout_->addRow("GPS port", Combo("cmbGPSPort", ports, PortText(record_.GPSPort)));
   std::vector<std::string> types;
   for (const GpsType& t : GpsTypes()) types.push_back(t.text);
-  layout_->addRow("GPS type", FixedCombo("cmbGPSType", types, record_.GPSType));
+  // The record holds the type's number from 1; a number off the list shows
+  // the first type.
+  const int type = GpsTypeOf(record_.GPSType);
+  const bool listed = type >= 1 && type <= static_cast<int>(types.size());
+  QComboBox* typeList = FixedCombo("cmbGPSType", types, types[listed ? static_cast<std::size_t>(type - 1) : 0]);
+  layout_->addRow("GPS type", typeList);
   std::vector<std::string> intervals;
   for (const IntervalChoice& c : GpsIntervalChoices()) intervals.push_back(c.text);
   layout_->addRow("Log interval", FixedCombo("cmbGPSInterval", intervals, GpsIntervalText(record_.GPSInterval)));
@@ -109,8 +114,9 @@ void FrmGPSConfig::ReadControls() {
   int port = PortOfText(Text(controls_["cmbGPSPort"]));
   if (port >= 0) record_.GPSPort = static_cast<std::int16_t>(port);
   auto* type = static_cast<QComboBox*>(controls_["cmbGPSType"]);
-  record_.GPSType = type->currentText().toStdString();
-  record_.GPSBaudCode = static_cast<std::int16_t>(GpsTypeBaudCode(type->currentIndex() + 1));
+  const int number = type->currentIndex() + 1;
+  record_.GPSType = GpsTypeText(number);
+  record_.GPSBaudCode = static_cast<std::int16_t>(GpsTypeBaudCode(number));
   auto* interval = static_cast<QComboBox*>(controls_["cmbGPSInterval"]);
   record_.GPSInterval = static_cast<std::int16_t>(GpsIntervalChoices()[static_cast<std::size_t>(
       std::max(0, interval->currentIndex()))].seconds);

@@ -106,6 +106,9 @@ void FrmConfigure::Build() {
     QFormLayout* c = page("Chart");
     c->addRow("Step to a coarser chart below zoom (%)", Combo("cmbLower", kScales, Num(RoundToInt(r.ScaleMin * 100.0))));
     c->addRow("Step to a finer chart above zoom (%)", Combo("cmbUpper", kScales, Num(RoundToInt(r.ScaleMax * 100.0))));
+    c->addRow(Check("chkAutoChartSwitch", "Change chart automatically by zoom", r.AutoChartSwitch != 0));
+    c->addRow(Check("chkShowChartName", "Show chart names on the boundaries", r.ShowChartName != 0));
+    c->addRow(Check("chkShowChartNum", "Show chart numbers on the boundaries", r.ShowChartNum != 0));
     c->addRow("Course line width", Combo("cmbLineSize", kWidths, Num(r.LineSize)));
     c->addRow("Course colour", colour("pctCOGCol", r.COGColour));
     c->addRow("Boat colour", colour("pctGPSCol", r.GPSColour));
@@ -207,6 +210,9 @@ ConfigureControls FrmConfigure::Controls() const {
   };
   c.cmbLower = text("cmbLower");
   c.cmbUpper = text("cmbUpper");
+  c.chkShowChartName = on("chkShowChartName");
+  c.chkShowChartNum = on("chkShowChartNum");
+  c.chkAutoChartSwitch = on("chkAutoChartSwitch");
   c.StreamFontColour = colour("pctStreamFontColour");
   c.cmbStreamFontSize = text("cmbStreamFontSize");
   c.cmbWindFontSize = text("cmbWindFontSize");

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "core/format.h"
+
 namespace kelvane {
 
 namespace {
@@ -77,6 +79,10 @@ int GpsTypeBaudCode(int type) {
     if (t.number == type) return t.baudCode;
   return 4;
 }
+
+int GpsTypeOf(std::string_view stored) { return RoundToInt(TextValue(stored)); }
+
+std::string GpsTypeText(int type) { return std::to_string(type); }
 
 std::string LineStatusText(SerialLine line, int result) {
   // Name, pin text; DTR alone has no line name in its two error texts.

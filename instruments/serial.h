@@ -15,6 +15,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kelvane {
@@ -107,6 +108,10 @@ struct GpsType {
 const std::vector<GpsType>& GpsTypes();
 // The baud code a type implies; any number not in the list gives 4.
 int GpsTypeBaudCode(int type);
+// The type number the settings' text field holds ("5" is 5), 0 when the
+// text holds no number; and the text stored for a type.
+int GpsTypeOf(std::string_view stored);
+std::string GpsTypeText(int type);
 
 // The six line states of a port in the pin order of a nine-pin connector,
 // followed by the three fixed pin lines, as the monitor and the port test

@@ -36,6 +36,10 @@ std::string CheckAreaChoice(const std::string& label) {
   return "";
 }
 
+std::filesystem::path AreaFilePath(const std::filesystem::path& programFolder, const std::string& harmonicFile) {
+  return programFolder / "TS" / Trim(harmonicFile);
+}
+
 bool StoreAreaChoice(const std::filesystem::path& settingsFile, const std::string& label) {
   SettingsRecord settings = ReadSettings(settingsFile);
   settings.HarmonicFile = Trim(label);

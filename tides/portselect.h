@@ -20,6 +20,10 @@ std::string CheckAreaChoice(const std::string& label);
 // record is read, changed and written back. False when it cannot be written.
 bool StoreAreaChoice(const std::filesystem::path& settingsFile, const std::string& label);
 
+// The area file in use: ProgramFolder/TS/ and the setting's name, its
+// padding trimmed.
+std::filesystem::path AreaFilePath(const std::filesystem::path& programFolder, const std::string& harmonicFile);
+
 // One line of the port dialog's list: the port's name, two blanks and its
 // record number ("Dover  76").
 struct PortListEntry {

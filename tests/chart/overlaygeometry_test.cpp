@@ -193,6 +193,11 @@ TEST(OverlayGeometry, BoundariesWorthDrawing) {
     SCOPED_TRACE(testing::Message() << c.a.x << "," << c.a.y << " " << c.b.x << "," << c.b.y);
     EXPECT_EQ(BoundaryWorthDrawing(c.a, c.b, 800, 600), c.drawn);
   }
+  // The label inside a drawn boundary follows the two settings.
+  EXPECT_EQ(BoundaryLabel("Sample Chart", "9999-1", false, false), "");
+  EXPECT_EQ(BoundaryLabel("Sample Chart", "9999-1", true, false), "Sample Chart");
+  EXPECT_EQ(BoundaryLabel("Sample Chart", "9999-1", false, true), "9999-1");
+  EXPECT_EQ(BoundaryLabel("Sample Chart", "9999-1", true, true), "Sample Chart : 9999-1");
 }
 
 TEST(OverlayGeometry, RouteAndLegLabelsCarryTheRoutesOptions) {

@@ -275,6 +275,8 @@ TEST(Configure, AppliedValuesAndWhatFollows) {
   c.cmbUserWreckLineCol = "Blue";
   c.cmbLower = "150";  // at or above the upper list: forced back into order
   c.cmbUpper = "100";
+  c.chkShowChartName = true;
+  c.chkAutoChartSwitch = false;
   SettingsRecord r;
   ConfigureOutcome out = ApplyConfigure(r, c, file);
   ASSERT_EQ(out.message, "");
@@ -297,6 +299,9 @@ TEST(Configure, AppliedValuesAndWhatFollows) {
   EXPECT_EQ(*out.cmbLowerShown, "18");
   EXPECT_FLOAT_EQ(saved.ScaleMax, 1.5f);
   EXPECT_FLOAT_EQ(saved.ScaleMin, 0.18f);
+  EXPECT_EQ(saved.ShowChartName, -1);
+  EXPECT_EQ(saved.ShowChartNum, 0);  // not on the form: as the file had it
+  EXPECT_EQ(saved.AutoChartSwitch, 0);
   EXPECT_TRUE(out.setRouteSpeeds);  // every leg speed becomes the vessel speed
   // On save the view colour follows the boat colour and the twin follows
   // the stream-label switch.

@@ -99,7 +99,7 @@ struct FormWatch {
         name = QString::fromStdString(name.substr(name.rfind(':') + 1)).toLower().toStdString();
         if (auto* files = qobject_cast<QFileDialog*>(dialog); files && !pick.empty()) {
           files->selectFile(QString::fromStdString(pick));
-          files->accept();
+          dialog->accept();  // the file dialog's own accept, through its base
           continue;
         }
         const bool first = opened.insert(name).second;
@@ -159,7 +159,8 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
   };
   for (const char* entry : {"mnuConfigure", "mnuSetTimeDate", "mnuSelectChartVisually", "mnuMouseWayPoint",
                             "mnuLastRouteResults", "mnuRouteInfo", "mnuConfigureGPS", "mnuConfigureAIS",
-                            "mnuCopyComPortDetails", "mnuGPSMonitor", "mnuAISSummary"})
+                            "mnuCopyComPortDetails", "mnuGPSMonitor", "mnuAISSummary", "mnuArea", "mnuPortList", "mnuAbout",
+                            "mnuQuickInstructions"})
     run(entry);
   // The outline's editor, once an outline is loaded.
   watch.pick = (tree.folders.DataRoot() / "OutlineData" / "Sample Coast.l40").string();

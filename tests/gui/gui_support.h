@@ -5,10 +5,12 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QTimer>
 #include <QThread>
 #include <QWidget>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "app/programstate.h"
@@ -60,6 +62,22 @@ bool WaitUntil(Condition condition, int milliseconds = 10000) {
     QThread::msleep(5);
   }
   return true;
+}
+
+// Runs `act` on the modal dialog of type T as soon as the program has put
+// it up (by a menu entry that runs it with exec()). The poll ends itself.
+template <class T>
+void WhenDialogUp(std::function<void(T*)> act) {
+  auto* poll = new QTimer(qApp);
+  poll->setInterval(10);
+  QObject::connect(poll, &QTimer::timeout, [poll, act] {
+    if (auto* dialog = qobject_cast<T*>(QApplication::activeModalWidget())) {
+      poll->stop();
+      poll->deleteLater();
+      act(dialog);
+    }
+  });
+  poll->start();
 }
 
 // Saves a picture of a window when KELVANE_SCREENSHOT_DIR names a folder.

@@ -50,7 +50,7 @@ TEST(AisForms, SummaryAndDetails) {
   Screenshot(&summary, "frmAISSummary");
 }
 
-TEST(GpsConfigForms, WriteTheSettingsRecord) {
+TEST(GpsConfigForms, WriteTheSettingsRecordWithTheGpsTypeAsItsNumber) {
   if (!HaveSocat()) GTEST_SKIP() << "socat is not installed";
   App();
   TempTree tree;
@@ -67,10 +67,19 @@ TEST(GpsConfigForms, WriteTheSettingsRecord) {
   form.findChild<QComboBox*>("cmbGPSPort")->setCurrentIndex(0);
   ASSERT_TRUE(form.cmdOK_Click());
   SettingsRecord r = ReadSettings(tree.folders.SettingsFile());
-  EXPECT_EQ(r.GPSType, "USB 9600 Baud");
+  EXPECT_EQ(r.GPSType, "5");  // the type's number from 1, not its text
   EXPECT_EQ(r.GPSBaudCode, 5);
   EXPECT_EQ(r.GPSInterval, 60);
   EXPECT_EQ(r.GPSPort, 0);
+  {
+    // Reopened, the form shows type 5, and OK keeps the receiver at 9600.
+    forms::FrmGPSConfig again(tree.folders.SettingsFile(), ports, {pair.b()});
+    EXPECT_EQ(again.findChild<QComboBox*>("cmbGPSType")->currentText(), "USB 9600 Baud");
+    ASSERT_TRUE(again.cmdOK_Click());
+    r = ReadSettings(tree.folders.SettingsFile());
+    EXPECT_EQ(r.GPSType, "5");
+    EXPECT_EQ(r.GPSBaudCode, 5);
+  }
 
   forms::FrmAISGPSConfig ais(tree.folders.SettingsFile(), ports, {pair.b()});
   ais.findChild<QComboBox*>("cmbAISPort")->setCurrentIndex(0);

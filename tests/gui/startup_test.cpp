@@ -40,6 +40,9 @@ TEST(StartForm, NoticesAndDecline) {
   EXPECT_EQ(ended, 0);
   EXPECT_FALSE(fs::exists(tree.folders.SettingsFile()));
   EXPECT_FALSE(fs::exists(tree.folders.WindConfigFile()));
+  // The sample data are copied in only on acceptance.
+  EXPECT_FALSE(fs::exists(tree.folders.DataRoot() / "Refports.hc"));
+  EXPECT_FALSE(fs::exists(tree.folders.DataRoot() / "Charts"));
 }
 
 TEST(StartForm, RestoreDefaultsConfirms) {
@@ -82,7 +85,7 @@ TEST(MainWindow, AcceptOpensTheChartWindow) {
   // the file is not changed for it.
   EXPECT_EQ(chart->State().settings.ShowChartBoundaries, -1);
   EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).ShowChartBoundaries, 0);
-  EXPECT_EQ(chart->State().LegSpeed, 5.0f);
+  EXPECT_EQ(chart->State().passage.LegSpeed, 5.0f);
   // The sample chart's area brings its diamonds, whose reference port
   // (Dover) has the day's curves and a state at the working time.
   EXPECT_EQ(chart->State().streams.Diamonds.size(), 24u);
