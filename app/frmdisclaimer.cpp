@@ -74,10 +74,9 @@ Frmdisclaimer::Frmdisclaimer(Folders folders, QWidget* parent) : QMainWindow(par
 Frmdisclaimer::~Frmdisclaimer() = default;
 
 bool Frmdisclaimer::Prepare() {
-  // 1 - 3. The folders are known; lay out the tree and seed the data root
-  // with the installed sample data it lacks.
+  // 1 - 3. The folders are known; lay out the tree. Nothing is copied into
+  // it before the user has accepted the notices.
   CreateDataTree(state_.folders);
-  if (auto seed = SeedFolder(KELVANE_SEED_DIR)) SeedDataRoot(state_.folders, *seed);
   // 4. Caption with the program's name and version.
   setWindowTitle(QString("Kelvane ") + KELVANE_VERSION);
   // 5. The user's date order.
@@ -99,6 +98,9 @@ bool Frmdisclaimer::Prepare() {
 }
 
 void Frmdisclaimer::cmdCCok_Click() {
+  // Accepted: the data root gets the installed sample data it lacks (charts,
+  // constants, streams) before the main window loads from it.
+  if (auto seed = SeedFolder(KELVANE_SEED_DIR)) SeedDataRoot(state_.folders, *seed);
   hide();
   chart_ = std::make_unique<FrmChart>(state_);
   chart_->showMessage = showMessage;
