@@ -121,3 +121,24 @@ TEST(DecimalCommaDesktop, WaypointsStreamsAndTypedSpeedAsUnderC) {
     EXPECT_EQ(seen.typedSpeed, 5.5f);
   }
 }
+
+// The main window at 10:30 of the day in the locale the process was started
+// in. tools/screenshots.sh runs it under C.UTF-8 and under de_DE.UTF-8 and
+// checks that the two pictures are the same, pixel for pixel.
+TEST(DecimalCommaDesktop, MainWindowPictureInTheStartingLocale) {
+  App();
+  TempTree tree;
+  app::FrmChart chart(SeededState(tree));
+  chart.showMessage = [](const std::string& m) { ADD_FAILURE() << m; };
+  chart.Load();
+  chart.State().moment.WorkingTime = 10.5f;
+  StreamContext ctx = chart.State().Streams();
+  UpdatePortStates(ctx, true, chart.State().moment.WorkingTime);
+  chart.CalculateStreamsNow();
+  chart.resize(1100, 760);
+  chart.show();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(chart.State().streams.StreamNow.empty());
+  Screenshot(&chart, "main-window-locale");
+  chart.close();
+}
