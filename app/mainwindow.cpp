@@ -40,6 +40,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent) : QMainWindow(parent), s
   instruments_ = new InstrumentsController(*this);
   InstallInteraction();
   ConnectPassageMenus();
+  ConnectFileMenus();
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);
 }

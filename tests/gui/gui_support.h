@@ -6,9 +6,11 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QThread>
+#include <QTimer>
 #include <QWidget>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "app/programstate.h"
@@ -60,6 +62,22 @@ bool WaitUntil(Condition condition, int milliseconds = 10000) {
     QThread::msleep(5);
   }
   return true;
+}
+
+// Runs `act` on the modal dialog of type T as soon as it is up: set before
+// the action that opens the dialog and blocks in its exec().
+template <class T>
+void WhenModal(std::function<void(T*)> act) {
+  auto* poll = new QTimer(qApp);
+  poll->setInterval(10);
+  QObject::connect(poll, &QTimer::timeout, [poll, act] {
+    if (auto* dialog = qobject_cast<T*>(QApplication::activeModalWidget())) {
+      poll->stop();
+      poll->deleteLater();
+      act(dialog);
+    }
+  });
+  poll->start();
 }
 
 // Saves a picture of a window when KELVANE_SCREENSHOT_DIR names a folder.

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 #include <clocale>
 #include <cstdlib>
 
@@ -72,17 +71,10 @@ Seen LoadTheWindow() {
   chart.CalculateStreamsNow();
   for (const DiamondStreamNow& s : chart.State().streams.StreamNow) seen.rates.push_back(s.Rate);
 
-  auto* poll = new QTimer(qApp);
-  poll->setInterval(10);
-  QObject::connect(poll, &QTimer::timeout, [poll] {
-    if (auto* form = qobject_cast<forms::FrmConfigure*>(QApplication::activeModalWidget())) {
-      poll->stop();
-      poll->deleteLater();
-      form->findChild<QLineEdit*>("Txtboatspeed")->setText("5.5");
-      form->findChild<QPushButton*>("cmdconfigok")->click();
-    }
+  WhenModal<forms::FrmConfigure>([](forms::FrmConfigure* form) {
+    form->findChild<QLineEdit*>("Txtboatspeed")->setText("5.5");
+    form->findChild<QPushButton*>("cmdconfigok")->click();
   });
-  poll->start();
   chart.Action("mnuConfigure")->trigger();
   seen.typedSpeed = chart.State().settings.VesselSpeed;
   chart.close();
