@@ -14,6 +14,7 @@
 #include <QRadioButton>
 
 #include "app/mainwindow.h"
+#include "chart/areadatabase.h"
 #include "core/recordio.h"
 #include "core/settings.h"
 #include "forms/frmcogexport.h"
@@ -252,4 +253,32 @@ TEST(MainWindowFiles, ConvertersAndExportsFromTheirEntries) {
   });
   w.chart.Action("mnuCompoundExport")->trigger();
   EXPECT_EQ(waypointFiles, 2) << "old.gpx and Sample.gpx";
+}
+
+// An area database whose charts "table" is a view without end: the chart
+// load comes back with the message instead of hanging the window.
+TEST(MainWindowFiles, AnEndlessChartsViewComesBackWithAMessage) {
+  App();
+  TempTree tree;
+  ProgramState state;
+  state.folders = tree.folders;
+  CreateDataTree(tree.folders);
+  const fs::path area = tree.folders.DataRoot() / "Charts" / "Sample Chart.l35";
+  fs::create_directories(area.parent_path());
+  {
+    AreaDatabase db = AreaDatabase::Create(area);
+    ASSERT_EQ(db.Execute("DROP TABLE charts; CREATE VIEW charts AS WITH RECURSIVE n(i) AS "
+                         "(SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i AS iD, 'E' || i AS chartNumber FROM n"),
+              "");
+  }
+  app::FrmChart chart(state);
+  std::vector<std::string> messages;
+  chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
+  chart.Load();
+  EXPECT_NE(std::find(messages.begin(), messages.end(),
+                      "The database " + area.string() +
+                          " did not finish the query: it yields more than 250000 rows or more work than any table "
+                          "of charts, diamonds or wrecks needs"),
+            messages.end());
+  EXPECT_TRUE(chart.Timer1().isActive());
 }
