@@ -2,6 +2,7 @@
 // through libmdb on two real Jet files, and damaged input.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cmath>
 
 #include <cstdlib>
@@ -248,6 +249,25 @@ TEST(BadInput, EndlessChartsViewIsCutShortWithAMessage) {
     // The connection is left fit for the next question.
     EXPECT_EQ(db.Query("SELECT count(*) FROM sqlite_master").rows.size(), 1u);
   }
+}
+
+// SQLite converts REAL and text by its own rules, not the C library's: a
+// decimal-comma locale leaves them as they are.
+TEST(SQLite, RealAndTextUnderADecimalCommaLocale) {
+  const std::string previous = std::setlocale(LC_ALL, nullptr);
+  TestFolder dir;
+  AreaDatabase db = AreaDatabase::Create(dir.path() / "a.l35");
+  for (const char* name : {"C.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8"}) {
+    SCOPED_TRACE(name);
+    ASSERT_NE(std::setlocale(LC_ALL, name), nullptr);
+    QueryResult r = db.Query("SELECT 0.4 AS a, CAST(0.4 AS TEXT) AS b, CAST('50.58233' AS REAL) AS c, printf('%.2f', 1.5) AS d");
+    ASSERT_EQ(r.rows.size(), 1u) << r.message;
+    EXPECT_EQ(r.Number(0, "a"), 0.4);
+    EXPECT_EQ(r.Text(0, "b"), "0.4");
+    EXPECT_EQ(r.Number(0, "c"), 50.58233);
+    EXPECT_EQ(r.Text(0, "d"), "1.50");
+  }
+  std::setlocale(LC_ALL, previous.c_str());
 }
 
 TEST(BadInput, BytesInMemory) {
