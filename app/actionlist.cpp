@@ -82,9 +82,6 @@ std::string ActionListText(const std::vector<ActionRow>& rows) {
 
 const std::vector<AwaitingAction>& ActionsAwaitingWork() {
   static const std::vector<AwaitingAction> awaiting = {
-      {"mnuFilWayLoad", "the waypoint and route managers"},
-      {"mnuWaySave", "the waypoint and route managers"},
-      {"mnuWayCreateNew", "the waypoint and route managers"},
       {"mnuLoadExistRoute", "the waypoint and route managers"},
       {"mnuRouteWaypoints", "the waypoint and route managers"},
       {"mnuwayedit", "the waypoint and route managers"},
@@ -92,11 +89,6 @@ const std::vector<AwaitingAction>& ActionsAwaitingWork() {
       {"mnuGoToWaypoint", "the waypoint and route managers"},
       {"mnuHazardEdit", "the waypoint and route managers"},
       {"mnuCOGToGoogle", "the waypoint and route managers"},
-      {"mnuConverttoGPX", "the text import and export"},
-      {"mnuConvertRouteToGPX", "the text import and export"},
-      {"mnuImport", "the text import and export"},
-      {"mnuExport1", "the text import and export"},
-      {"mnuRouteSave", "the text import and export"},
       {"mnutides", "the tide window and almanac"},
       {"mnusunrise", "the tide window and almanac"},
       {"mnumonth", "the tide window and almanac"},

@@ -89,8 +89,8 @@ Frmdisclaimer::Frmdisclaimer(Folders folders, QWidget* parent) : QMainWindow(par
 Frmdisclaimer::~Frmdisclaimer() = default;
 
 bool Frmdisclaimer::Prepare() {
-  // 1 - 3. The folders are known; lay out the tree. The installed sample
-  // data go into the data root only once the user has accepted.
+  // 1 - 3. The folders are known; lay out the tree. Nothing is copied into
+  // it before the user has accepted the notices.
   CreateDataTree(state_.folders);
   // 4. Caption with the program's name and version.
   setWindowTitle(QString("Kelvane ") + KELVANE_VERSION);
@@ -113,6 +113,8 @@ bool Frmdisclaimer::Prepare() {
 }
 
 void Frmdisclaimer::cmdCCok_Click() {
+  // Accepted: the data root gets the installed sample data it lacks (charts,
+  // constants, streams) before the main window loads from it.
   if (auto seed = SeedFolder(KELVANE_SEED_DIR)) SeedDataRoot(state_.folders, *seed);
   hide();
   chart_ = std::make_unique<FrmChart>(state_);

@@ -14,6 +14,8 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"&File", "mnuConvertRouteToGPX", "Convert Route (.rte) to GPX...", false},
       {"&File", "mnuImport", "Import Text...", false},
       {"&File", "mnuExport1", "Export Text...", false},
+      {"&File", "mnuCOGToWayExport", "Export Track as Waypoints...", false},
+      {"&File", "mnuCompoundExport", "Export Routes and Waypoints to GPX...", false},
       {"&File", "-", "", false},
       {"&File", "mnuExit", "Exit", false},
 

@@ -45,6 +45,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent)
   ConnectPassageMenus();
   ConnectTideDialogs();
   ConnectHelp();
+  ConnectFileMenus();
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);
 }

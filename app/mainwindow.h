@@ -96,6 +96,12 @@ class FrmChart : public QMainWindow {
   // The route menu's calculation and its results (mainwindow_passage.cpp).
   void mnucalcrte_Click();
   void mnuLastRouteResults_Click();
+  // The files of waypoints and routes (mainwindow_files.cpp).
+  void mnuRouteSave_Click();
+  void mnuFilWayLoad_Click();
+  void mnuImport_Click();
+  // Makes `file` the waypoint file in use: settings, chart marks, panel.
+  void UseWaypointFile(const std::filesystem::path& file);
 
  signals:
   void RedrawRequested();
@@ -109,6 +115,10 @@ class FrmChart : public QMainWindow {
   void BuildToolBar();
   void ConnectMenus();
   void ConnectPassageMenus();
+  void ConnectFileMenus();
+  // A name box for a new waypoint file: an empty one, or the chart's
+  // waypoints saved under it; the file becomes the one in use.
+  void NameWaypointFile(bool createEmpty);
   void ToggleSetting(const std::string& action);
   void ConnectTideDialogs();
   void ConnectHelp();

@@ -34,9 +34,36 @@ std::string OpenFailure(const std::string& name, const std::string& reason) {
   return "The database " + name + " could not be opened: " + reason;
 }
 
+// A query over an area database is cut short rather than left to run for
+// ever: a `charts` or `wrecks` "table" can be a view that never ends (a
+// recursive one, say), and a chart load must come back with a message, not
+// hang the program. Two limits, both counted and not timed: the rows kept,
+// and the work SQLite does (its virtual machine steps, checked every
+// kProgressStep of them). The largest real tables hold some tens of
+// thousands of rows and take a few million steps, far inside both.
+constexpr std::size_t kMaxQueryRows = 250000;
+constexpr int kProgressStep = 10000;
+constexpr long kMaxProgressCalls = 3000;  // 30 million steps
+
+struct QueryBudget {
+  long calls = 0;
+};
+
+int SpendBudget(void* budget) {
+  auto* b = static_cast<QueryBudget*>(budget);
+  return ++b->calls > kMaxProgressCalls ? 1 : 0;  // non-zero interrupts
+}
+
+std::string TooLongMessage(const std::filesystem::path& file) {
+  return "The database " + file.string() + " did not finish the query: it yields more than " +
+         std::to_string(kMaxQueryRows) + " rows or more work than any table of charts, diamonds or wrecks needs";
+}
+
 // Runs a prepared statement to its end and collects the rows.
-QueryResult Collect(sqlite3* db, sqlite3_stmt* stmt) {
+QueryResult Collect(sqlite3* db, sqlite3_stmt* stmt, const std::filesystem::path& file) {
   QueryResult result;
+  QueryBudget budget;
+  sqlite3_progress_handler(db, kProgressStep, SpendBudget, &budget);
   int columns = sqlite3_column_count(stmt);
   for (int c = 0; c < columns; ++c) {
     const char* name = sqlite3_column_name(stmt, c);
@@ -45,9 +72,9 @@ QueryResult Collect(sqlite3* db, sqlite3_stmt* stmt) {
   for (;;) {
     int rc = sqlite3_step(stmt);
     if (rc == SQLITE_DONE) break;
-    if (rc != SQLITE_ROW) {
+    if (rc != SQLITE_ROW || result.rows.size() >= kMaxQueryRows) {
       result.rows.clear();
-      result.message = sqlite3_errmsg(db);
+      result.message = rc == SQLITE_INTERRUPT || rc == SQLITE_ROW ? TooLongMessage(file) : sqlite3_errmsg(db);
       break;
     }
     std::vector<DbValue> row(static_cast<std::size_t>(columns));
@@ -72,6 +99,7 @@ QueryResult Collect(sqlite3* db, sqlite3_stmt* stmt) {
     }
     result.rows.push_back(std::move(row));
   }
+  sqlite3_progress_handler(db, 0, nullptr, nullptr);
   return result;
 }
 
@@ -179,6 +207,15 @@ namespace {
 // with; the text form libmdb prints has too few digits for that. The raw
 // value is taken only when it agrees with the text, as a guard against a
 // reader that left the offset stale.
+// The text libmdb gives for a number. libmdb prints through the C library,
+// so inside a program running under a decimal-comma locale the text can read
+// "50,5": the comma is taken as the point it stands for (libmdb never groups
+// thousands), and the digits are read the same way in every locale.
+double LibraryNumber(std::string text) {
+  std::replace(text.begin(), text.end(), ',', '.');
+  return TextValue(text);
+}
+
 DbValue JetValue(MdbHandle* mdb, MdbColumn* col, const std::vector<char>& bound, int length) {
   if (col->col_type == MDB_BOOL) {
     std::string text(bound.data(), strnlen(bound.data(), bound.size()));
@@ -192,7 +229,7 @@ DbValue JetValue(MdbHandle* mdb, MdbColumn* col, const std::vector<char>& bound,
     case MDB_LONGINT: return static_cast<std::int64_t>(std::strtoll(text.c_str(), nullptr, 10));
     case MDB_FLOAT:
     case MDB_DOUBLE: {
-      double printed = std::strtod(text.c_str(), nullptr);
+      double printed = LibraryNumber(text);
       int start = col->cur_value_start;
       int width = col->col_type == MDB_FLOAT ? 4 : 8;
       if (col->cur_value_len == width && start >= 0 && start + width <= static_cast<int>(MDB_PGSIZE)) {
@@ -214,7 +251,7 @@ DbValue JetValue(MdbHandle* mdb, MdbColumn* col, const std::vector<char>& bound,
       return text;
     }
     case MDB_MONEY:
-    case MDB_NUMERIC: return std::strtod(text.c_str(), nullptr);
+    case MDB_NUMERIC: return LibraryNumber(text);
     case MDB_OLE: return std::monostate{};  // OLE objects are not carried over
     case MDB_BINARY: return std::vector<std::uint8_t>(text.begin(), text.end());
     default: return text;
@@ -596,7 +633,7 @@ QueryResult AreaDatabase::Query(std::string_view sql, const std::vector<DbValue>
     return failed;
   }
   for (std::size_t i = 0; i < parameters.size(); ++i) Bind(stmt, static_cast<int>(i) + 1, parameters[i]);
-  QueryResult result = Collect(db_, stmt);
+  QueryResult result = Collect(db_, stmt, file_);
   sqlite3_finalize(stmt);
   return result;
 }

@@ -1,8 +1,9 @@
 #include "core/format.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
+#include <system_error>
 #include <vector>
 
 namespace kelvane {
@@ -32,19 +33,42 @@ struct Decimal {
   std::string fraction;  // no trailing zeros
 };
 
+// The significant digits of a finite, non-zero magnitude and the power of
+// ten of its first digit: 1234.5 through 3 digits is "123" and 3. The text
+// comes from std::to_chars, which never consults the process locale, so a
+// German or French desktop gets the same digits as any other.
+struct Scientific {
+  std::string digits;
+  int exponent = 0;
+};
+
+Scientific ScientificDigits(double magnitude, int significant) {
+  char buf[64];
+  auto [end, ec] = std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific, significant - 1);
+  Scientific s;
+  if (ec != std::errc()) return s;
+  // buf is "d.dddde[+-]xx"
+  const char* p = buf;
+  for (; p != end && *p != 'e'; ++p)
+    if (*p >= '0' && *p <= '9') s.digits += *p;
+  if (p != end) {
+    ++p;
+    bool negative = *p == '-';
+    if (*p == '-' || *p == '+') ++p;
+    std::from_chars(p, end, s.exponent);
+    if (negative) s.exponent = -s.exponent;
+  }
+  return s;
+}
+
 // The magnitude of value through `significant` digits, as a decimal text.
 Decimal ToDecimal(double value, int significant) {
   Decimal d;
   value = std::fabs(value);
   if (value == 0.0 || !std::isfinite(value)) return d;
-  char buf[64];
-  std::snprintf(buf, sizeof buf, "%.*e", significant - 1, value);
-  // buf is "d.ddddde[+-]xx"
-  std::string digits;
-  const char* p = buf;
-  for (; *p && *p != 'e'; ++p)
-    if (*p >= '0' && *p <= '9') digits += *p;
-  int exponent = (*p == 'e') ? std::atoi(p + 1) : 0;
+  Scientific sci = ScientificDigits(value, significant);
+  std::string digits = sci.digits;
+  int exponent = sci.exponent;
   // The value is 0.digits x 10^(exponent + 1).
   int point = exponent + 1;
   if (point <= 0) {
@@ -167,22 +191,18 @@ std::string Format(double value, int significant, std::string_view format) {
   return FormatSection(value, significant, sections[0]);
 }
 
-std::string PlainText(double value, int significant, bool signColumn) {
+std::string PlainText(double value, int significant, bool signColumn, bool exponentAllowed = true) {
   std::string sign = value < 0 ? "-" : (signColumn ? " " : "");
   if (value == 0.0 || !std::isfinite(value)) return sign + "0";
-  char buf[64];
-  std::snprintf(buf, sizeof buf, "%.*e", significant - 1, std::fabs(value));
-  std::string digits;
-  const char* p = buf;
-  for (; *p && *p != 'e'; ++p)
-    if (*p >= '0' && *p <= '9') digits += *p;
-  int exponent = std::atoi(p + 1);
+  Scientific sci = ScientificDigits(std::fabs(value), significant);
+  std::string digits = sci.digits;
+  int exponent = sci.exponent;
   while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
-  if (exponent < -4 || exponent >= significant) {
+  if (exponentAllowed && (exponent < -4 || exponent >= significant)) {
     std::string mant = digits.substr(0, 1);
     if (digits.size() > 1) mant += "." + digits.substr(1);
-    char e[16];
-    std::snprintf(e, sizeof e, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
+    int power = std::abs(exponent);
+    std::string e = std::string("E") + (exponent < 0 ? '-' : '+') + (power < 10 ? "0" : "") + std::to_string(power);
     return sign + mant + e;
   }
   Decimal d = ToDecimal(std::fabs(value), significant);
@@ -200,6 +220,7 @@ std::string FormatNumber(float value, std::string_view format) { return Format(v
 std::string NumberText(float value) { return PlainText(value, 7, false); }
 std::string NumberText(double value) { return PlainText(value, 15, false); }
 std::string SignedNumberText(double value) { return PlainText(value, 15, true); }
+std::string DecimalText(float value) { return PlainText(value, 7, false, false); }
 
 double TextValue(std::string_view text) {
   std::string s;
@@ -231,7 +252,15 @@ double TextValue(std::string_view text) {
     while (k < s.size() && s[k] >= '0' && s[k] <= '9') ex += s[k++];
     if (k > j) num += ex;
   }
-  double v = std::strtod(num.c_str(), nullptr);
+  // std::from_chars reads "." as the decimal point whatever the process
+  // locale says; strtod would stop at it under de_DE or fr_FR and read
+  // "50.58233" as 50. A value beyond the range of a double reads as 0.
+  const char* first = num.data();
+  if (*first == '+') ++first;
+  double v = 0.0;
+  auto [end, ec] = std::from_chars(first, num.data() + num.size(), v, std::chars_format::general);
+  (void)end;
+  if (ec != std::errc()) return 0.0;
   return std::isfinite(v) ? v : 0.0;
 }
 

@@ -54,6 +54,12 @@ std::string FormatNumber(Int value, std::string_view format) {
 std::string NumberText(float value);
 std::string NumberText(double value);
 
+// NumberText of a single without the scientific form: the same digits,
+// written out as a plain decimal ("0.00001", "-0.0000305", "12345680").
+// The coordinates of GPX files are written this way: a reader expects a
+// plain decimal there, and 1E-05 near the Greenwich meridian is none.
+std::string DecimalText(float value);
+
 // The text of a number with a sign column: a leading blank for zero and
 // positive values, "-" for negative ones, and no "0" before a bare fraction
 // (" 4", " .5", "-.25"). Clock texts that overflow their hour show through

@@ -95,7 +95,7 @@ std::string CompoundExportText(const std::vector<std::filesystem::path>& routeFi
     std::vector<Waypoint> waypoints = ReadGpxFile(file, store);
     for (std::size_t i = 0; i < Count(waypoints); ++i) {
       const Waypoint& w = waypoints[i];
-      text += WaypointToGpx(NumberText(w.Lat), NumberText(w.Lon), w.Name, w.Desc, w.Sym);
+      text += WaypointToGpx(DecimalText(w.Lat), DecimalText(w.Lon), w.Name, w.Desc, w.Sym);
     }
   }
   text += GpxFooter();

@@ -12,9 +12,28 @@ std::string& Line(std::string& out, std::string_view indent, std::string_view te
   return out;
 }
 
+}  // namespace
+
+std::string GpxEscape(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (char c : text) {
+    switch (c) {
+      case '&': out += "&amp;"; break;
+      case '<': out += "&lt;"; break;
+      case '>': out += "&gt;"; break;
+      case '"': out += "&quot;"; break;
+      default: out += c;
+    }
+  }
+  return out;
+}
+
+namespace {
+
 std::string Element(std::string_view tag, std::string_view text) {
   std::string s;
-  s.append("<").append(tag).append(">").append(text).append("</").append(tag).append(">");
+  s.append("<").append(tag).append(">").append(GpxEscape(text)).append("</").append(tag).append(">");
   return s;
 }
 
@@ -55,7 +74,7 @@ std::string WaypointFileText(const std::vector<Waypoint>& waypoints) {
   std::string out = GpxHeader();
   for (std::size_t i = 0; i < Count(waypoints); ++i) {
     const Waypoint& w = waypoints[i];
-    out += WaypointToGpx(NumberText(w.Lat), NumberText(w.Lon), w.Name, w.Desc, w.Sym);
+    out += WaypointToGpx(DecimalText(w.Lat), DecimalText(w.Lon), w.Name, w.Desc, w.Sym);
   }
   out += GpxFooter();
   return out;

@@ -1,8 +1,9 @@
 // The GPX writers. The text is built by hand, line by line, each line ended
 // by CR LF, with no byte-order mark; its spacing is part of the format, as
 // other readers of the program (the hazard line reader among them) scan it
-// line by line. Strings go out as they are, with no XML escaping, as the
-// program has always written them.
+// line by line. The texts of the elements are escaped (GpxEscape), so a
+// name such as "Fish & Chips" reads back as it was typed; a text without
+// those characters goes out byte for byte as it is.
 //
 // Every file opens with the same seven header lines and closes with
 // "</gpx>". Files are replaced atomically: a crash leaves the old file or
@@ -24,6 +25,10 @@ inline constexpr const char* kCrLf = "\r\n";
 // name (it has no web address of its own to give).
 inline constexpr const char* kGpxCreator = "Kelvane";
 
+// The text of an element with "&", "<", ">" and '"' written as the XML
+// entities "&amp;", "&lt;", "&gt;" and "&quot;"; all else as it is.
+std::string GpxEscape(std::string_view text);
+
 // The seven header lines, each ended by CR LF.
 std::string GpxHeader();
 // "</gpx>" and its CR LF.
@@ -36,7 +41,8 @@ std::string WaypointToGpx(std::string_view latText, std::string_view lonText, st
                           std::string_view desc, std::string_view sym);
 
 // A waypoint file: header, one element per waypoint with the coordinates
-// as the shortest text of the single (up to 7 significant digits), footer.
+// as the shortest plain decimal of the single (up to 7 significant
+// digits, DecimalText), footer.
 // `waypoints` ends with its blank entry, which is not written; an empty
 // list gives the header and the footer only.
 std::string WaypointFileText(const std::vector<Waypoint>& waypoints);

@@ -2,12 +2,14 @@
 // through libmdb on two real Jet files, and damaged input.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cmath>
 
 #include <cstdlib>
 #include <fstream>
 
 #include "chart/areadatabase.h"
+#include "chart/catalogue.h"
 #include "core/recordio.h"
 #include "test_folder.h"
 
@@ -212,6 +214,60 @@ TEST(BadInput, MessagesAndEmptyResultsNeverACrash) {
     }
     EXPECT_TRUE(db.Tables().empty() || !r.ok());
   }
+}
+
+// A `charts` "table" that is a recursive view never ends on its own: the
+// query is cut short by its row or work limit and says so, whether the view
+// pours out rows or grinds without yielding one.
+TEST(BadInput, EndlessChartsViewIsCutShortWithAMessage) {
+  TestFolder dir;
+  const std::string columns =
+      "SELECT i AS iD, 'Endless' AS chartName, 'E-' || i AS chartNumber, 50000 AS chartScale, 10 AS rank, "
+      "'Solent' AS TSArea, 2020 AS issueDate, 51 AS UpperLat, 0 AS UpperPixels, 50 AS LowerLat, 100 AS LowerPixels, "
+      "-2 AS LeftLon, 0 AS LeftPixels, -1 AS rightLon, 100 AS RightPixels FROM n";
+  struct Case { const char* name; std::string where; } cases[] = {
+      {"rows for ever", ""},
+      {"no row ever", " WHERE i < 0"},
+      {"sorted for ever", " ORDER BY i DESC"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    std::filesystem::path file = dir.path() / (std::string(c.name) + ".l35");
+    {
+      AreaDatabase db = AreaDatabase::Create(file);
+      ASSERT_EQ(db.Execute("DROP TABLE charts; CREATE VIEW charts AS WITH RECURSIVE n(i) AS "
+                           "(SELECT 1 UNION ALL SELECT i + 1 FROM n) " + columns + c.where),
+                "");
+    }
+    AreaDatabase db = AreaDatabase::Open(file);
+    ASSERT_TRUE(db.ok()) << db.message();
+    ChartCatalogue catalogue = ReadChartsTable(db);
+    EXPECT_TRUE(catalogue.charts.empty());
+    EXPECT_EQ(catalogue.message, "The database " + file.string() +
+                                     " did not finish the query: it yields more than 250000 rows or more work "
+                                     "than any table of charts, diamonds or wrecks needs");
+    // The connection is left fit for the next question.
+    EXPECT_EQ(db.Query("SELECT count(*) FROM sqlite_master").rows.size(), 1u);
+  }
+}
+
+// SQLite converts REAL and text by its own rules, not the C library's: a
+// decimal-comma locale leaves them as they are.
+TEST(SQLite, RealAndTextUnderADecimalCommaLocale) {
+  const std::string previous = std::setlocale(LC_ALL, nullptr);
+  TestFolder dir;
+  AreaDatabase db = AreaDatabase::Create(dir.path() / "a.l35");
+  for (const char* name : {"C.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8"}) {
+    SCOPED_TRACE(name);
+    ASSERT_NE(std::setlocale(LC_ALL, name), nullptr);
+    QueryResult r = db.Query("SELECT 0.4 AS a, CAST(0.4 AS TEXT) AS b, CAST('50.58233' AS REAL) AS c, printf('%.2f', 1.5) AS d");
+    ASSERT_EQ(r.rows.size(), 1u) << r.message;
+    EXPECT_EQ(r.Number(0, "a"), 0.4);
+    EXPECT_EQ(r.Text(0, "b"), "0.4");
+    EXPECT_EQ(r.Number(0, "c"), 50.58233);
+    EXPECT_EQ(r.Text(0, "d"), "1.50");
+  }
+  std::setlocale(LC_ALL, previous.c_str());
 }
 
 TEST(BadInput, BytesInMemory) {

@@ -69,6 +69,22 @@ TEST(Cli, ChartsListAndAt) {
   EXPECT_NE(none[0].find("could not be opened"), std::string::npos);
 }
 
+// `charts list` on an area whose charts "table" is a view without end used
+// to hang; it comes back with the message and exit code 1.
+TEST(Cli, ChartsListOnAnEndlessViewComesBack) {
+  TestFolder dir;
+  {
+    AreaDatabase db = AreaDatabase::Create(dir.path() / "Charts" / "Endless.l35");
+    ASSERT_EQ(db.Execute("DROP TABLE charts; CREATE VIEW charts AS WITH RECURSIVE n(i) AS "
+                         "(SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i AS iD, 'E' || i AS chartNumber FROM n"),
+              "");
+  }
+  auto lines = RunCli("--data-root '" + dir.path().string() + "' charts list --area Endless 2>&1; echo exit $?");
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_NE(lines[0].find("did not finish the query"), std::string::npos) << lines[0];
+  EXPECT_EQ(lines[1], "exit 1");
+}
+
 TEST(Cli, PixelAndPositionLineForLine) {
   auto pixel = RunCli("--data-root '" + kData + "' chart pixel --chart 9999-1 51.2 -2.6 50.3 1.6");
   // The chart's own calibration lines: 51.2N at row 0.7, 2.6W at column 0,

@@ -2,6 +2,8 @@
 // reading numbers out of text, and the integer conversion.
 #include <gtest/gtest.h>
 
+#include <clocale>
+
 #include "core/format.h"
 
 using namespace kelvane;
@@ -89,4 +91,33 @@ TEST(Format, TextValueReadsTheLeadingNumber) {
   EXPECT_DOUBLE_EQ(TextValue("."), 0.0);
   EXPECT_DOUBLE_EQ(TextValue("1e999"), 0.0);  // overflow is no number
   EXPECT_DOUBLE_EQ(TextValue("50."), 50.0);
+}
+
+// Inside the GUI the C library runs in the desktop's locale, where strtod
+// and printf take and write a decimal comma. Numbers are read and written
+// with the point whatever it is; only the position texts' branch follows
+// the desktop, as it is meant to.
+TEST(Format, DecimalCommaLocalesReadAndWriteThePoint) {
+  const std::string previous = std::setlocale(LC_ALL, nullptr);
+  for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8"}) {
+    SCOPED_TRACE(name);
+    ASSERT_NE(std::setlocale(LC_ALL, name), nullptr) << "locale not installed";
+    ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+    struct Read { const char* text; double value; } reads[] = {
+        {"50.58233", 50.58233}, {" -1.930833", -1.930833}, {"0.4", 0.4}, {"5.5", 5.5},
+        {"1.5E-05", 1.5e-05},   {"12.34N", 12.34},           {"50,5", 50.0},
+    };
+    for (const auto& r : reads) EXPECT_DOUBLE_EQ(TextValue(r.text), r.value) << r.text;
+    struct Write { std::string text, expected; } writes[] = {
+        {NumberText(50.58233f), "50.58233"},
+        {NumberText(-1.930833f), "-1.930833"},
+        {NumberText(1.5e-05), "1.5E-05"},
+        {SignedNumberText(0.5), " .5"},
+        {FormatNumber(0.45f, "0.0"), "0.5"},
+        {FormatNumber(1234.5, "#,#0.00"), "1,234.50"},
+        {FormatNumber(50.58233f, "0.000000000"), "50.582330000"},
+    };
+    for (const auto& w : writes) EXPECT_EQ(w.text, w.expected);
+  }
+  std::setlocale(LC_ALL, previous.c_str());
 }

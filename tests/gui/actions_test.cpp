@@ -160,7 +160,7 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
   for (const char* entry : {"mnuConfigure", "mnuSetTimeDate", "mnuSelectChartVisually", "mnuMouseWayPoint",
                             "mnuLastRouteResults", "mnuRouteInfo", "mnuConfigureGPS", "mnuConfigureAIS",
                             "mnuCopyComPortDetails", "mnuGPSMonitor", "mnuAISSummary", "mnuArea", "mnuPortList", "mnuAbout",
-                            "mnuQuickInstructions"})
+                            "mnuQuickInstructions", "mnuConverttoGPX", "mnuImport", "mnuExport1", "mnuCompoundExport"})
     run(entry);
   // The outline's editor, once an outline is loaded.
   watch.pick = (tree.folders.DataRoot() / "OutlineData" / "Sample Coast.l40").string();
@@ -184,6 +184,8 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
   };
   run("mnucalcrte");
   watch.inside = nullptr;
+  // The calculated track as waypoints.
+  run("mnuCOGToWayExport");
   // The details of an AIS target: the test aid's report, then F2 at the chart.
   run("mnuDecode21");
   QTest::keyClick(window.Chart()->Viewer(), Qt::Key_F2);

@@ -46,21 +46,6 @@ std::string FolderArgs(const Folders& f) {
          " --pictures-folder " + Quoted(f.picturesFolder);
 }
 
-// Runs `act` on the modal dialog of type T as soon as it is up.
-template <class T>
-void WhenModal(std::function<void(T*)> act) {
-  auto* poll = new QTimer(qApp);
-  poll->setInterval(10);
-  QObject::connect(poll, &QTimer::timeout, [poll, act] {
-    if (auto* dialog = qobject_cast<T*>(QApplication::activeModalWidget())) {
-      poll->stop();
-      poll->deleteLater();
-      act(dialog);
-    }
-  });
-  poll->start();
-}
-
 }  // namespace
 
 // DrawChart restored the saved view while the window was still unshown and

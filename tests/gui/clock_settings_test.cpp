@@ -110,7 +110,7 @@ TEST(MainWindowClock, UserTimeSurvivesThePollingLoopOfAnAttachedPort) {
   chart.Load();
 
   // The user sets 03:30 on the date form.
-  WhenDialogUp<forms::FrmTimDat>([](forms::FrmTimDat* form) {
+  WhenModal<forms::FrmTimDat>([](forms::FrmTimDat* form) {
     form->findChild<QLineEdit*>("txtSelTime")->setText("03:30");
     form->cmdOK_Click();
   });
@@ -157,7 +157,7 @@ TEST(MainWindowSettings, SavingANewBoatSpeedSetsEveryLegOfTheRoute) {
   p.Route[1].Speed = 4.0f;
   p.Route[2].Speed = 7.5f;
   p.Route[3].Speed = 3.0f;
-  WhenDialogUp<forms::FrmConfigure>([](forms::FrmConfigure* form) {
+  WhenModal<forms::FrmConfigure>([](forms::FrmConfigure* form) {
     form->findChild<QLineEdit*>("Txtboatspeed")->setText("6.5");
     form->findChild<QCheckBox*>("chkShowChartNum")->setChecked(true);
     form->cmdconfigok_Click();
@@ -216,7 +216,7 @@ TEST(MainWindowMenus, TidalAreaAndPortThenAboutAndQuickInstructions) {
   fs::copy_file(tree.folders.DataRoot() / "TS" / "UK.hc", tree.folders.DataRoot() / "TS" / "Channel.hc");
 
   ASSERT_TRUE(chart.Action("mnuArea")->isEnabled());
-  WhenDialogUp<forms::frmTidesSeaArea>([](forms::frmTidesSeaArea* form) {
+  WhenModal<forms::frmTidesSeaArea>([](forms::frmTidesSeaArea* form) {
     emit form->FileList->itemClicked(form->FileList->item(0));  // "Channel.hc"
     form->cmdOK->click();
   });
@@ -226,7 +226,7 @@ TEST(MainWindowMenus, TidalAreaAndPortThenAboutAndQuickInstructions) {
 
   // The port list is the new area's; the stored port (Dover, 76) is shown.
   std::string shown;
-  WhenDialogUp<forms::frmPortName>([&shown](forms::frmPortName* form) {
+  WhenModal<forms::frmPortName>([&shown](forms::frmPortName* form) {
     shown = form->portconfigbox->text().toStdString();
     form->portlist2->setCurrentRow(77);
     form->portconfigok->click();
@@ -241,7 +241,7 @@ TEST(MainWindowMenus, TidalAreaAndPortThenAboutAndQuickInstructions) {
   // taken away is named as missing.
   fs::remove(tree.folders.DataRoot() / "README.md");
   QString about;
-  WhenDialogUp<forms::frmAbout>([&about](forms::frmAbout* form) {
+  WhenModal<forms::frmAbout>([&about](forms::frmAbout* form) {
     about = form->lblVersion->text() + "\n" + form->txtAbout->toPlainText();
     Screenshot(form, "about-box");
     form->accept();
@@ -255,7 +255,7 @@ TEST(MainWindowMenus, TidalAreaAndPortThenAboutAndQuickInstructions) {
   EXPECT_NE(about.indexOf("README.md is missing"), -1);
 
   QString quick;
-  WhenDialogUp<forms::frmQuickInstructions>([&quick](forms::frmQuickInstructions* form) {
+  WhenModal<forms::frmQuickInstructions>([&quick](forms::frmQuickInstructions* form) {
     quick = form->txtInstructions->toPlainText();
     form->accept();
   });

@@ -5,8 +5,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QTimer>
 #include <QThread>
+#include <QTimer>
 #include <QWidget>
 #include <cstdlib>
 #include <filesystem>
@@ -64,10 +64,10 @@ bool WaitUntil(Condition condition, int milliseconds = 10000) {
   return true;
 }
 
-// Runs `act` on the modal dialog of type T as soon as the program has put
-// it up (by a menu entry that runs it with exec()). The poll ends itself.
+// Runs `act` on the modal dialog of type T as soon as it is up: set before
+// the action that opens the dialog and blocks in its exec().
 template <class T>
-void WhenDialogUp(std::function<void(T*)> act) {
+void WhenModal(std::function<void(T*)> act) {
   auto* poll = new QTimer(qApp);
   poll->setInterval(10);
   QObject::connect(poll, &QTimer::timeout, [poll, act] {

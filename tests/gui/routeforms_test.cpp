@@ -111,21 +111,6 @@ std::vector<std::string> ListLines(const QListWidget* list) {
   return lines;
 }
 
-// Runs `act` on the modal dialog of type T as soon as it is up.
-template <class T>
-void WhenModal(std::function<void(T*)> act) {
-  auto* poll = new QTimer(qApp);
-  poll->setInterval(10);
-  QObject::connect(poll, &QTimer::timeout, [poll, act] {
-    if (auto* dialog = qobject_cast<T*>(QApplication::activeModalWidget())) {
-      poll->stop();
-      poll->deleteLater();
-      act(dialog);
-    }
-  });
-  poll->start();
-}
-
 }  // namespace
 
 TEST(frmcalcroute, ListsTheLegsInThreeLinesAndFillsTheBoxes) {

@@ -40,9 +40,10 @@ TEST(StartForm, NoticesAndDecline) {
   EXPECT_EQ(ended, 0);
   EXPECT_FALSE(fs::exists(tree.folders.SettingsFile()));
   EXPECT_FALSE(fs::exists(tree.folders.WindConfigFile()));
-  // The sample data are copied in only on acceptance.
-  EXPECT_FALSE(fs::exists(tree.folders.DataRoot() / "Refports.hc"));
+  // The sample data is copied into the data root on acceptance only (it
+  // used to be copied before the user had chosen).
   EXPECT_FALSE(fs::exists(tree.folders.DataRoot() / "Charts"));
+  EXPECT_FALSE(fs::exists(tree.folders.DataRoot() / "Refports.hc"));
 }
 
 TEST(StartForm, RestoreDefaultsConfirms) {
@@ -66,8 +67,10 @@ TEST(MainWindow, AcceptOpensTheChartWindow) {
   start.showMessage = [&](const std::string& m) { message = m; };
   ASSERT_TRUE(start.Prepare());
   start.show();
+  EXPECT_FALSE(fs::exists(tree.folders.DataRoot() / "Charts"));
   QTest::mouseClick(start.findChild<QPushButton*>("cmdCCok"), Qt::LeftButton);
   EXPECT_EQ(message, "");
+  EXPECT_TRUE(fs::exists(tree.folders.DataRoot() / "Charts" / "Sample Chart.l35"));
   app::FrmChart* chart = start.MainWindow();
   ASSERT_NE(chart, nullptr);
   EXPECT_TRUE(chart->isVisible());

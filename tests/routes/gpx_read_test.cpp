@@ -57,6 +57,13 @@ TEST(GpxRead, WaypointFileRoundTrip) {
   written[1] = {50.52967f, -2.33467f, "Shambles", "East Cardinal Buoy", 0, "", "BYB", "", ""};
   written[2] = {49.95967f, -5.20217f, "Lizard Point", "", 0, "", "", "", ""};  // empty desc and sym
   TempFolder tmp;
+  // A file without markup characters keeps its bytes through a write.
+  ASSERT_TRUE(WriteWaypointFile(tmp / "w.gpx", written));
+  const std::string plainBytes = ReadText(tmp / "w.gpx");
+  EXPECT_EQ(plainBytes.find('&'), std::string::npos);
+  EXPECT_NE(plainBytes.find("    <name>Anvil Point</name>\r\n    <desc>White Tower</desc>\r\n"), std::string::npos);
+  // Names typed at the chart with "&", "<", ">" or '"' survive the next load.
+  written.insert(written.begin() + 3, {50.8f, -1.1f, "Fish & Chips", "<\"Quay\">", 0, "", "a>b", "", ""});
   ASSERT_TRUE(WriteWaypointFile(tmp / "w.gpx", written));
   GpxStore store;
   auto read = ReadGpxFile(tmp / "w.gpx", store);

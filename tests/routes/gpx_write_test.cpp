@@ -43,18 +43,24 @@ TEST(GpxWrite, WaypointElementAsWrittenByHand) {
             "    <desc>White Tower</desc>\r\n"
             "    <sym>W</sym>\r\n"
             "  </wpt>\r\n");
-  // desc and sym are written even when empty; texts go out unescaped.
-  EXPECT_EQ(WaypointToGpx("1", "2", "R&D", "", ""),
-            "  <wpt lat=\"1\" lon=\"2\">\r\n    <name>R&D</name>\r\n    <desc></desc>\r\n    <sym></sym>\r\n  </wpt>\r\n");
+  // desc and sym are written even when empty. The four characters of XML
+  // markup in a text are written as entities (a bare "&" used to go out as
+  // it was, and the file then failed to load); all else is left alone.
+  EXPECT_EQ(WaypointToGpx("1", "2", "Fish & Chips", "<\"Quay\">", "'"),
+            "  <wpt lat=\"1\" lon=\"2\">\r\n    <name>Fish &amp; Chips</name>\r\n"
+            "    <desc>&lt;&quot;Quay&quot;&gt;</desc>\r\n    <sym>'</sym>\r\n  </wpt>\r\n");
 }
 
 TEST(GpxWrite, WaypointFileUsesTheShortestTextOfTheSingle) {
-  std::vector<Waypoint> w(3);
+  std::vector<Waypoint> w(4);
   w[0] = {50.58233f, -1.930833f, "A", "", 0, "", "", "", ""};
   w[1] = {50.5f, 0.0f, "B", "d", 0, "", "YB", "", ""};
+  // Within 0.0001 degrees of the meridian: a plain decimal, not "1E-05".
+  w[2] = {0.00001f, -0.0000305f, "C", "", 0, "", "", "", ""};
   std::string text = WaypointFileText(w);
   EXPECT_NE(text.find("  <wpt lat=\"50.58233\" lon=\"-1.930833\">\r\n"), std::string::npos);
   EXPECT_NE(text.find("  <wpt lat=\"50.5\" lon=\"0\">\r\n"), std::string::npos);
+  EXPECT_NE(text.find("  <wpt lat=\"0.00001\" lon=\"-0.0000305\">\r\n"), std::string::npos) << text;
   EXPECT_EQ(text.rfind("</gpx>\r\n"), text.size() - 8);
   EXPECT_EQ(text.find('\n'), text.find("\r\n") + 1) << "every line ends CR LF";
   for (std::size_t i = text.find('\n'); i != std::string::npos; i = text.find('\n', i + 1)) ASSERT_EQ(text[i - 1], '\r');
