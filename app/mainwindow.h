@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 #include <QTimer>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -61,6 +62,10 @@ class FrmChart : public QMainWindow {
   void RunTimeDate();
 
   forms::MessageSink showMessage;
+  // The file box of the waypoint and route files: caption, folder it opens
+  // on, whether it names a file to write. Qt's file box by default; a test
+  // answers it directly.
+  std::function<QString(const QString&, const QString&, bool)> chooseFile;
 
   // The chart on show (mainwindow_chart.cpp).
   ChartPane* Chart() const { return chart_; }
