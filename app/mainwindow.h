@@ -80,6 +80,10 @@ class FrmChart : public QMainWindow {
   void mnuQuickInstructions_Click();
 
   forms::MessageSink showMessage;
+  // The file box of the waypoint and route files: caption, folder it opens
+  // on, whether it names a file to write. Qt's file box by default; a test
+  // answers it directly.
+  std::function<QString(const QString&, const QString&, bool)> chooseFile;
 
   // The chart on show (mainwindow_chart.cpp).
   ChartPane* Chart() const { return chart_; }

@@ -27,6 +27,10 @@ QString ToQ(const std::filesystem::path& p) { return QString::fromStdString(p.st
 }  // namespace
 
 void FrmChart::ConnectFileMenus() {
+  chooseFile = [this](const QString& caption, const QString& folder, bool save) {
+    return save ? QFileDialog::getSaveFileName(this, caption, folder, "GPX file (*.gpx)")
+                : QFileDialog::getOpenFileName(this, caption, folder, "GPX file (*.gpx)");
+  };
   auto wire = [this](const char* name, auto handler) {
     QAction* a = Action(name);
     a->setEnabled(true);
@@ -77,8 +81,7 @@ void FrmChart::mnuRouteSave_Click() {
   if (RouteCount(state_.passage) < 1) return;
   std::error_code ec;
   std::filesystem::create_directories(state_.folders.RoutesFolder(), ec);
-  QString chosen =
-      QFileDialog::getSaveFileName(this, "Save Route", ToQ(state_.folders.RoutesFolder()), "GPX file (*.gpx)");
+  QString chosen = chooseFile("Save Route", ToQ(state_.folders.RoutesFolder()), true);
   if (chosen.isEmpty()) return;
   std::filesystem::path file(chosen.toStdString());
   if (!file.has_extension()) file += ".gpx";
@@ -91,8 +94,7 @@ void FrmChart::mnuRouteSave_Click() {
 
 void FrmChart::mnuFilWayLoad_Click() {
   const std::filesystem::path current = WaypointFilePath(state_.settings, state_.folders);
-  QString chosen = QFileDialog::getOpenFileName(this, "Load Waypoint File", ToQ(current.parent_path()),
-                                                "GPX file (*.gpx)");
+  QString chosen = chooseFile("Load Waypoint File", ToQ(current.parent_path()), false);
   if (chosen.isEmpty()) return;
   UseWaypointFile(std::filesystem::path(chosen.toStdString()));
 }

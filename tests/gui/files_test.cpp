@@ -50,13 +50,13 @@ std::string FileText(const fs::path& file) {
   return bytes ? std::string(bytes->begin(), bytes->end()) : std::string("(missing)");
 }
 
-// Answers the next file box with `file`, noting the folder it opened on.
-void AnswerFileBox(const fs::path& file, QString* openedOn = nullptr) {
-  WhenModal<QFileDialog>([file, openedOn](QFileDialog* box) {
-    if (openedOn) *openedOn = box->directory().absolutePath();
-    box->selectFile(QString::fromStdString(file.string()));
-    static_cast<QDialog*>(box)->accept();  // QFileDialog's own accept takes the selection
-  });
+// Answers the window's next file box with `file`, noting the folder it
+// opened on.
+void AnswerFileBox(app::FrmChart& chart, const fs::path& file, QString* openedOn = nullptr) {
+  chart.chooseFile = [file, openedOn](const QString&, const QString& folder, bool) {
+    if (openedOn) *openedOn = folder;
+    return QString::fromStdString(file.string());
+  };
 }
 
 // Types `text` into the next name box and presses OK.
@@ -102,7 +102,7 @@ TEST(MainWindowFiles, SaveRouteWritesTheRouteFileInTheRoutesFolder) {
   w.chart.EnableRouteMenus();
   ASSERT_TRUE(w.chart.Action("mnuRouteSave")->isEnabled());
   QString openedOn;
-  AnswerFileBox(w.folders().RoutesFolder() / "passage", &openedOn);
+  AnswerFileBox(w.chart, w.folders().RoutesFolder() / "passage", &openedOn);
   w.chart.Action("mnuRouteSave")->trigger();
   EXPECT_EQ(fs::path(openedOn.toStdString()), w.folders().RoutesFolder());
   const fs::path file = w.folders().RoutesFolder() / "passage.gpx";
@@ -160,11 +160,11 @@ TEST(MainWindowFiles, NewSaveAndLoadTheWaypointFileInUse) {
   AnswerNameBox("Supper");
   w.chart.Action("mnuWaySave")->trigger();
   EXPECT_EQ(ReadSettings(w.folders().SettingsFile()).WaypointFile, "Supper.gpx");
-  AnswerFileBox(folder / "Sample.gpx");
+  AnswerFileBox(w.chart, folder / "Sample.gpx");
   w.chart.Action("mnuFilWayLoad")->trigger();
   EXPECT_EQ(Count(w.chart.State().waypoints.ChartWaypoints), 48u);
   EXPECT_EQ(w.chart.StatusPanel(3)->text().toStdString(), "Waypoints = Sample.gpx");
-  AnswerFileBox(folder / "Supper.gpx");
+  AnswerFileBox(w.chart, folder / "Supper.gpx");
   w.chart.Action("mnuFilWayLoad")->trigger();
   ASSERT_EQ(Count(w.chart.State().waypoints.ChartWaypoints), 1u);
   const Waypoint& back = w.chart.State().waypoints.ChartWaypoints[0];
