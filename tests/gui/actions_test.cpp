@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
-#include <QFileDialog>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
@@ -17,6 +16,7 @@
 #include <set>
 
 #include "app/actionlist.h"
+#include "app/chartmenus.h"
 #include "app/chartpane.h"
 #include "app/chartviewer.h"
 #include "app/mainwindow.h"
@@ -87,7 +87,6 @@ namespace {
 struct FormWatch {
   std::set<std::string> opened;
   std::function<bool(QDialog&)> inside;
-  std::string pick;  // the file a file dialog is answered with
   QTimer poll;
   FormWatch() {
     poll.setInterval(10);
@@ -97,11 +96,6 @@ struct FormWatch {
         if (!dialog || !dialog->isVisible()) continue;
         std::string name = dialog->metaObject()->className();
         name = QString::fromStdString(name.substr(name.rfind(':') + 1)).toLower().toStdString();
-        if (auto* files = qobject_cast<QFileDialog*>(dialog); files && !pick.empty()) {
-          files->selectFile(QString::fromStdString(pick));
-          dialog->accept();  // the file dialog's own accept, through its base
-          continue;
-        }
         const bool first = opened.insert(name).second;
         if (first && inside && inside(*dialog)) continue;
         if (dialog->isVisible()) dialog->reject();
@@ -163,9 +157,12 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
                             "mnuQuickInstructions", "mnuConverttoGPX", "mnuImport", "mnuExport1", "mnuCompoundExport"})
     run(entry);
   // The outline's editor, once an outline is loaded.
-  watch.pick = (tree.folders.DataRoot() / "OutlineData" / "Sample Coast.l40").string();
+  app::ChartMenus* chartMenus = window.findChild<app::ChartMenus*>();
+  ASSERT_NE(chartMenus, nullptr);
+  chartMenus->chooseOutline = [&](const std::filesystem::path&) {
+    return (tree.folders.DataRoot() / "OutlineData" / "Sample Coast.l40").string();
+  };
   run("mnuOutlineLoad");
-  watch.pick.clear();
   run("mnuOutlineEdit");
   // The calculation form, and from it the modification of a leg; a
   // completed calculation brings the results.
