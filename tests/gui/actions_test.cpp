@@ -28,12 +28,8 @@ using namespace kelvane;
 using namespace kelvane::test;
 
 TEST(MainWindowActions, EveryEntryAnswersOrWaitsGreyedForItsSubsystem) {
-  App();
-  TempTree tree;
-  app::FrmChart window(SeededState(tree));
-  std::vector<std::string> messages;
-  window.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  window.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, window] = loaded;
   EXPECT_TRUE(messages.empty()) << messages.front();
 
   std::set<std::string> awaiting;
@@ -129,12 +125,8 @@ void MarkRoute(app::FrmChart& window) {
 // menu entry, key or button a skipper would use. The list of forms is read
 // from the forms folder, so a new form that nothing opens fails here.
 TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
-  App();
-  TempTree tree;
-  app::FrmChart window(SeededState(tree));
-  std::vector<std::string> messages;
-  window.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  window.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, window] = loaded;
   window.resize(900, 700);
   window.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));

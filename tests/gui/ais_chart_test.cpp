@@ -64,12 +64,8 @@ ViewCorners PaintedCorners(app::FrmChart& chart) {
 
 TEST(MainWindowAis, TargetFromThePortKeysPopupMenusMarkAndCount) {
   if (!HaveSocat()) GTEST_SKIP() << "socat is not installed";
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  std::vector<std::string> messages;
-  chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   chart.resize(900, 700);
   chart.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&chart));

@@ -101,12 +101,8 @@ TEST(ChartWindow, SavedViewWaitsForTheWindowsSizeSoTheChartComesBackAsItWasLeft)
 // the close box then left it in the settings, and the window reloaded the
 // other area's diamonds, so the next route was worked in slack water.
 TEST(ChartWindow, ChooserLeftWithoutOkAfterAnotherAreaChangesNothing) {
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  std::vector<std::string> messages;
-  chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   chart.resize(1000, 760);
   chart.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&chart));
@@ -168,12 +164,8 @@ TEST(ChartWindow, ChooserLeftWithoutOkAfterAnotherAreaChangesNothing) {
 }
 
 TEST(ChartWindow, ChartMenuToolsKeysAndToolbarButtons) {
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  std::vector<std::string> messages;
-  chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   chart.resize(1000, 760);
   chart.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&chart));

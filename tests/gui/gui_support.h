@@ -12,7 +12,9 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "app/mainwindow.h"
 #include "app/programstate.h"
 #include "core/datatree.h"
 #include "support/tempdir.h"
@@ -50,6 +52,24 @@ inline ProgramState SeededState(const TempTree& tree) {
   SeedDataRoot(tree.folders, std::filesystem::path(KELVANE_SOURCE_DIR) / "data");
   return state;
 }
+
+// A main window loaded over a fresh tree seeded with the sample data, as
+// the start form hands it on; its messages are collected, not shown. Its
+// parts are meant to be bound by name:
+//   LoadedChart loaded;
+//   auto& [tree, messages, chart] = loaded;
+struct ApplicationStarted {
+  ApplicationStarted() { App(); }
+};
+struct LoadedChart : ApplicationStarted {
+  TempTree tree;
+  std::vector<std::string> messages;
+  app::FrmChart chart;
+  LoadedChart() : chart(SeededState(tree)) {
+    chart.showMessage = [this](const std::string& m) { messages.push_back(m); };
+    chart.Load();
+  }
+};
 
 // Runs the event loop until the condition holds or ten seconds pass.
 template <typename Condition>

@@ -421,12 +421,8 @@ TEST(frmrouteinfo, ListsThePointsUnderTheSummary) {
 // ---- the main window ---------------------------------------------------
 
 TEST(MainWindowRoute, FewerThanTwoPointsIsRefused) {
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  std::vector<std::string> messages;
-  chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   messages.clear();
   // No route: the item is off; should it be run all the same, it refuses.
   EXPECT_FALSE(chart.Action("mnucalcrte")->isEnabled());
@@ -444,12 +440,8 @@ TEST(MainWindowRoute, FewerThanTwoPointsIsRefused) {
 }
 
 TEST(MainWindowRoute, CalculateThenResultsThenLastResults) {
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  std::vector<std::string> messages;
-  chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   chart.show();
   messages.clear();
   ThreePointRoute(chart.State().passage);
