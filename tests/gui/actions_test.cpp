@@ -127,9 +127,7 @@ void MarkRoute(app::FrmChart& window) {
 TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
   LoadedChart loaded;
   auto& [tree, messages, window] = loaded;
-  window.resize(900, 700);
-  window.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  ASSERT_TRUE(loaded.ShownAt(900, 700));
   MarkRoute(window);
 
   FormWatch watch;

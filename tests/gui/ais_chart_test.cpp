@@ -66,9 +66,7 @@ TEST(MainWindowAis, TargetFromThePortKeysPopupMenusMarkAndCount) {
   if (!HaveSocat()) GTEST_SKIP() << "socat is not installed";
   LoadedChart loaded;
   auto& [tree, messages, chart] = loaded;
-  chart.resize(900, 700);
-  chart.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&chart));
+  ASSERT_TRUE(loaded.ShownAt(900, 700));
   app::InstrumentsController* instruments = chart.Instruments();
   const ViewCorners view = PaintedCorners(chart);
   const float lat = (view.ViewTopLat + view.ViewBottomLat) / 2, lon = (view.ViewLeftLon + view.ViewRightLon) / 2;

@@ -103,9 +103,7 @@ TEST(ChartWindow, SavedViewWaitsForTheWindowsSizeSoTheChartComesBackAsItWasLeft)
 TEST(ChartWindow, ChooserLeftWithoutOkAfterAnotherAreaChangesNothing) {
   LoadedChart loaded;
   auto& [tree, messages, chart] = loaded;
-  chart.resize(1000, 760);
-  chart.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&chart));
+  ASSERT_TRUE(loaded.ShownAt(1000, 760));
   app::ChartPane* pane = chart.Chart();
   pane->Viewer()->SetZoomPercent(100);
   pane->LocatePoint(kSolentLat, kSolentLon);
@@ -166,9 +164,7 @@ TEST(ChartWindow, ChooserLeftWithoutOkAfterAnotherAreaChangesNothing) {
 TEST(ChartWindow, ChartMenuToolsKeysAndToolbarButtons) {
   LoadedChart loaded;
   auto& [tree, messages, chart] = loaded;
-  chart.resize(1000, 760);
-  chart.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&chart));
+  ASSERT_TRUE(loaded.ShownAt(1000, 760));
   app::ChartPane* pane = chart.Chart();
   app::ChartViewer* viewer = pane->Viewer();
   auto* menus = chart.findChild<app::ChartMenus*>();

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QTest>
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
@@ -68,6 +69,12 @@ struct LoadedChart : ApplicationStarted {
   LoadedChart() : chart(SeededState(tree)) {
     chart.showMessage = [this](const std::string& m) { messages.push_back(m); };
     chart.Load();
+  }
+  // Shows the window at a size and waits until it is on a surface.
+  bool ShownAt(int width, int height) {
+    chart.resize(width, height);
+    chart.show();
+    return QTest::qWaitForWindowExposed(&chart);
   }
 };
 
