@@ -12,6 +12,8 @@ namespace kelvane::app {
 
 using namespace overlay;
 
+// ---- the target picked in the AIS summary ---------------------------------------------------
+
 void DrawPickedAisTarget(OverlayFrame& f) {
   if (!f.sources.instruments || f.sources.pickedAisTarget < 0) return;
   const auto& targets = f.sources.instruments->targets.AISTargets;

@@ -25,7 +25,7 @@ void DrawCursor(OverlayFrame& f) {
   RestorePen(d);
 }
 
-// ---- MOB, marked point, picked target ---------------------------------------------------------
+// ---- MOB and marked point -------------------------------------------------------------------
 
 void DrawMOB(OverlayFrame& f) {
   const ChartMarks& m = f.sources.state->marks;
