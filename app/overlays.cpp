@@ -8,6 +8,7 @@
 #include "app/chartviewer.h"
 #include "core/format.h"
 #include "core/positions.h"
+#include "core/text.h"
 #include "core/timetext.h"
 #include "instruments/ais_report.h"
 #include "instruments/receive.h"
@@ -116,12 +117,6 @@ void DrawLabel(OverlayFrame& f, const QString& text, double x, double y, int hei
 namespace {
 
 QString Q(const std::string& s) { return QString::fromStdString(s); }
-
-std::string Trim(const std::string& text) {
-  std::size_t b = text.find_first_not_of(" \t\r\n");
-  if (b == std::string::npos) return "";
-  return text.substr(b, text.find_last_not_of(" \t\r\n") - b + 1);
-}
 
 bool On(const OverlayFrame& f, ScreenPoint p) {
   return OnSurface(p.x, p.y, f.view.surfaceWidth, f.view.surfaceHeight);

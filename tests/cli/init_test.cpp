@@ -6,11 +6,11 @@
 #include <map>
 #include <random>
 
-#include "cli_test.h"
 #include "core/datatree.h"
 #include "core/recordio.h"
 #include "core/settings.h"
 #include "core/windconfig.h"
+#include "support/commands.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

@@ -113,3 +113,12 @@ TEST(Calendar, JulianDate) {
   EXPECT_EQ(MonthExtension(13), "");
   EXPECT_EQ(MonthExtension().size(), 4u);
 }
+
+TEST(DaysInMonth, FullLeapRule) {
+  struct Case {
+    int month, year, days;
+  };
+  const Case cases[] = {{1, 2025, 31}, {2, 2025, 28}, {2, 2024, 29}, {2, 1900, 28}, {2, 2000, 29},
+                        {4, 2025, 30}, {6, 2025, 30}, {9, 2025, 30}, {11, 2025, 30}, {12, 2025, 31}};
+  for (const Case& c : cases) EXPECT_EQ(DaysInMonth(c.month, c.year), c.days) << c.month << "/" << c.year;
+}

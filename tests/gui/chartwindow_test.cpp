@@ -27,8 +27,8 @@
 #include "forms/frmAisDetails.h"
 #include "forms/frmOutlineEdit.h"
 #include "forms/frmloadchart.h"
-#include "gui_support.h"
 #include "passage/chartinteraction.h"
+#include "support/gui_support.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

@@ -14,7 +14,7 @@
 #include "routes/gpxwrite.h"
 #include "routes/legacy.h"
 #include "routes/samplewaypoints.h"
-#include "temp_folder.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {
