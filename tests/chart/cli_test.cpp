@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "chart/areadatabase.h"
+#include "support/commands.h"
 #include "support/shared_testdata.h"
 #include "support/tempdir.h"
 
@@ -21,14 +22,7 @@ std::vector<std::string> RunCli(const std::string& args, const std::string& inpu
   std::string command = std::string(KELVANE_CLI) + " " + args + " 2>&1";
   if (!input.empty()) command = "printf '" + input + "' | " + command;
   std::vector<std::string> lines;
-  FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return lines;
-  std::string text;
-  char buffer[4096];
-  std::size_t n;
-  while ((n = fread(buffer, 1, sizeof buffer, pipe)) > 0) text.append(buffer, n);
-  pclose(pipe);
-  std::istringstream in(text);
+  std::istringstream in(testing::RunCommand(command));
   for (std::string line; std::getline(in, line);) lines.push_back(line);
   return lines;
 }

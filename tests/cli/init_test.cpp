@@ -11,6 +11,7 @@
 #include "core/settings.h"
 #include "core/windconfig.h"
 #include "support/commands.h"
+#include "support/tempdir.h"
 
 using namespace kelvane;
 using namespace kelvane::test;
