@@ -161,8 +161,8 @@ std::string JetDateText(double value) {
   }
   const CivilDate date = SerialDayToDate(days);
   char text[96];  // room for any 64-bit year the arithmetic could give
-  std::snprintf(text, sizeof(text), "%04lld-%02d-%02d %02lld:%02lld:%02lld", static_cast<long long>(date.year), date.month, date.day,
-                static_cast<long long>(seconds / 3600), static_cast<long long>(seconds / 60 % 60),
+  std::snprintf(text, sizeof(text), "%04lld-%02d-%02d %02lld:%02lld:%02lld", static_cast<long long>(date.year),
+                date.month, date.day, static_cast<long long>(seconds / 3600), static_cast<long long>(seconds / 60 % 60),
                 static_cast<long long>(seconds % 60));
   return text;
 }
