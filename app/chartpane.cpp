@@ -13,19 +13,11 @@
 #include <QVBoxLayout>
 
 #include "core/format.h"
+#include "core/text.h"
 #include "forms/formsupport.h"
 #include "forms/frmloadchart.h"
 
 namespace kelvane::app {
-namespace {
-
-std::string Trim(const std::string& text) {
-  std::size_t b = text.find_first_not_of(" \t\r\n");
-  if (b == std::string::npos) return "";
-  return text.substr(b, text.find_last_not_of(" \t\r\n") - b + 1);
-}
-
-}  // namespace
 
 ChartPane::ChartPane(const Folders& folders, SettingsRecord& settings, QWidget* parent)
     : QWidget(parent), folders_(folders), settings_(settings) {

@@ -91,7 +91,7 @@ bool InstrumentsController::OpenAISDetailsNear(float lat, float lon, float withi
   const AISTarget& t = state_.targets.AISTargets[static_cast<std::size_t>(near.index)];
   // A form of its own that stays up beside the chart: the table moves on
   // while the user reads, and the text is a snapshot of this moment.
-  auto* details = new forms::FrmAisDetails(AisDetailsLines(t, ClockNow().Hours()), &chart_);
+  auto* details = new forms::FrmAisDetails(AisDetailsLines(t, ClockReadingOf(chart_.clock()).Hours()), &chart_);
   details->setAttribute(Qt::WA_DeleteOnClose);
   details->show();
   return true;
@@ -117,7 +117,7 @@ std::optional<StreamAt> InstrumentsController::StreamNow(float lat, float lon) {
     predictionTides_ = program.tides;
   StreamContext ctx = program.Streams();
   ctx.tides = &predictionTides_;
-  const std::tm now = LocalNow();
+  const std::tm now = chart_.clock();
   const float hours = static_cast<float>(now.tm_hour) + static_cast<float>(now.tm_min) / 60.0f +
                       static_cast<float>(now.tm_sec) / 3600.0f;
   // The ranges of the ports' tides sit beside the diamonds; they go back

@@ -131,7 +131,7 @@ void InstrumentsController::ConnectMenus() {
     monitor_->show();
   });
   add("mnuAISSummary", "AIS Targets...", [this] {
-    forms::FrmAISSummary form(state_.targets, state_.own, ClockNow().Hours(), &chart_);
+    forms::FrmAISSummary form(state_.targets, state_.own, ClockReadingOf(chart_.clock()).Hours(), &chart_);
     // Mark: the chosen target is ringed on the chart and brought into view.
     connect(&form, &forms::FrmAISSummary::MarkPosition, this, [this](std::int32_t mmsi, float lat, float lon) {
       chart_.Layers().pickedAisMmsi = mmsi;
@@ -240,7 +240,7 @@ void InstrumentsController::mnuGPSattach_Click() {
     return;
   }
   TakeSettings();
-  AttachResult r = AttachGps(comms_, *ports_, ClockNow(), Hooks());
+  AttachResult r = AttachGps(comms_, *ports_, ClockReadingOf(chart_.clock()), Hooks());
   if (!r.ok) chart_.showMessage(r.message);
   SyncTimers();
 }
@@ -253,7 +253,7 @@ void InstrumentsController::mnuPosGpsDisconnect_Click() {
 
 void InstrumentsController::mnuAISEnable_Click() {
   TakeSettings();
-  AttachResult r = AttachAis(comms_, state_, *ports_, ClockNow(), Hooks());
+  AttachResult r = AttachAis(comms_, state_, *ports_, ClockReadingOf(chart_.clock()), Hooks());
   if (!r.ok) chart_.showMessage(r.message);
   SyncTimers();
 }
@@ -267,7 +267,7 @@ void InstrumentsController::mnuAISDisable_Click() {
 void InstrumentsController::mnuDecode21_Click() {
   TakeTableSettings();
   comms_.AISAttached = -1;
-  DecodeTestAid(state_, ClockNow());
+  DecodeTestAid(state_, ClockReadingOf(chart_.clock()));
   SyncAISMenus();
   emit chart_.RedrawRequested();
 }
@@ -275,7 +275,7 @@ void InstrumentsController::mnuDecode21_Click() {
 void InstrumentsController::CommsTimer_Timer() {
   commsTimer_.stop();
   TakeTableSettings();
-  TickReport report = CommsTick(comms_, state_, *ports_, ClockNow(), Hooks());
+  TickReport report = CommsTick(comms_, state_, *ports_, ClockReadingOf(chart_.clock()), Hooks());
   // The monitor follows every tick, not only those with data, so that its
   // line states tell the user at once when the port has gone.
   (void)report;

@@ -9,16 +9,11 @@
 #include <string>
 
 #include "app/overlays.h"
+#include "core/text.h"
 
 namespace kelvane::app::overlay {
 
 inline QString Q(const std::string& s) { return QString::fromStdString(s); }
-
-inline std::string Trim(const std::string& text) {
-  std::size_t b = text.find_first_not_of(" \t\r\n");
-  if (b == std::string::npos) return "";
-  return text.substr(b, text.find_last_not_of(" \t\r\n") - b + 1);
-}
 
 // A mark is drawn only where its point is on the surface (OnSurface).
 bool On(const OverlayFrame& f, ScreenPoint p);

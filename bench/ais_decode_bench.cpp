@@ -19,7 +19,7 @@
 
 #include "instruments/ais_decode.h"
 #include "instruments/nmea.h"
-#include "tests/instruments/ais_encoder.h"
+#include "tests/support/ais_encoder.h"
 
 namespace {
 

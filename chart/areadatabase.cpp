@@ -11,6 +11,8 @@
 #include <system_error>
 
 #include "core/format.h"
+#include "core/text.h"
+#include "core/timetext.h"
 
 extern "C" {
 #include <mdbtools.h>
@@ -22,13 +24,6 @@ namespace {
 constexpr char kSQLiteMagic[] = "SQLite format 3";  // 16 bytes with its NUL
 constexpr char kJetMagic[] = "Standard Jet DB";     // at offset 4, 16 bytes with its NUL
 constexpr std::size_t kJetVersionOffset = 0x14;
-
-bool EqualNoCase(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i)
-    if (std::tolower(static_cast<unsigned char>(a[i])) != std::tolower(static_cast<unsigned char>(b[i]))) return false;
-  return true;
-}
 
 std::string OpenFailure(const std::string& name, const std::string& reason) {
   return "The database " + name + " could not be opened: " + reason;
@@ -149,31 +144,6 @@ struct TableDefCloser {
   }
 };
 
-// Days from 1970-01-01 to a proleptic Gregorian date, and back (the
-// civil-calendar algorithms of H. Hinnant, valid far beyond years 100 to
-// 9999 that Jet dates can hold).
-std::int64_t DaysFromCivil(std::int64_t y, unsigned m, unsigned d) {
-  y -= m <= 2;
-  std::int64_t era = (y >= 0 ? y : y - 399) / 400;
-  unsigned yoe = static_cast<unsigned>(y - era * 400);
-  unsigned doy = (153 * (m > 2 ? m - 3 : m + 9) + 2) / 5 + d - 1;
-  unsigned doe = yoe * 365 + yoe / 4 - yoe / 100 + doy;
-  return era * 146097 + static_cast<std::int64_t>(doe) - 719468;
-}
-
-void CivilFromDays(std::int64_t z, std::int64_t& y, unsigned& m, unsigned& d) {
-  z += 719468;
-  std::int64_t era = (z >= 0 ? z : z - 146096) / 146097;
-  unsigned doe = static_cast<unsigned>(z - era * 146097);
-  unsigned yoe = (doe - doe / 1460 + doe / 36524 - doe / 146096) / 365;
-  y = static_cast<std::int64_t>(yoe) + era * 400;
-  unsigned doy = doe - (365 * yoe + yoe / 4 - yoe / 100);
-  unsigned mp = (5 * doy + 2) / 153;
-  d = doy - (153 * mp + 2) / 5 + 1;
-  m = mp < 10 ? mp + 3 : mp - 9;
-  y += m <= 2;
-}
-
 }  // namespace
 
 // A Jet date is a double of days from 1899-12-30. Before that day the
@@ -189,12 +159,10 @@ std::string JetDateText(double value) {
     seconds -= 86400;
     days += 1;
   }
-  std::int64_t y;
-  unsigned m, d;
-  CivilFromDays(DaysFromCivil(1899, 12, 30) + days, y, m, d);
+  const CivilDate date = SerialDayToDate(days);
   char text[96];  // room for any 64-bit year the arithmetic could give
-  std::snprintf(text, sizeof(text), "%04lld-%02u-%02u %02lld:%02lld:%02lld", static_cast<long long>(y), m, d,
-                static_cast<long long>(seconds / 3600), static_cast<long long>(seconds / 60 % 60),
+  std::snprintf(text, sizeof(text), "%04lld-%02d-%02d %02lld:%02lld:%02lld", static_cast<long long>(date.year),
+                date.month, date.day, static_cast<long long>(seconds / 3600), static_cast<long long>(seconds / 60 % 60),
                 static_cast<long long>(seconds % 60));
   return text;
 }

@@ -6,16 +6,10 @@
 
 #include "core/format.h"
 #include "core/positions.h"
+#include "core/text.h"
 
 namespace kelvane {
 namespace {
-
-std::string Trim(std::string_view text) {
-  std::size_t b = text.find_first_not_of(" \t\r\n");
-  if (b == std::string_view::npos) return "";
-  std::size_t e = text.find_last_not_of(" \t\r\n");
-  return std::string(text.substr(b, e - b + 1));
-}
 
 float Single(const QueryResult& rows, std::size_t row, std::string_view column) {
   return static_cast<float>(rows.Number(row, column));
@@ -204,9 +198,7 @@ std::vector<std::string> ListAreas(const std::filesystem::path& programFolder) {
   for (const auto& entry : std::filesystem::directory_iterator(programFolder / "Charts", ec)) {
     std::string name = entry.path().filename().string();
     if (name.size() < 4) continue;
-    std::string ext = name.substr(name.size() - 4);
-    std::transform(ext.begin(), ext.end(), ext.begin(), [](unsigned char ch) { return std::tolower(ch); });
-    if (ext != ".l35") continue;
+    if (ToLower(name.substr(name.size() - 4)) != ".l35") continue;
     areas.push_back(name.substr(0, name.find('.')));
   }
   std::sort(areas.begin(), areas.end());

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/format.h"
+#include "core/text.h"
 
 namespace kelvane {
 
@@ -47,14 +48,7 @@ std::int32_t LetterColour(char c) {
   }
 }
 
-std::string Normalised(std::string_view sym) {
-  std::size_t b = sym.find_first_not_of(" \t\r\n");
-  if (b == std::string_view::npos) return "";
-  std::size_t e = sym.find_last_not_of(" \t\r\n");
-  std::string code(sym.substr(b, e - b + 1));
-  for (char& c : code) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return code;
-}
+std::string Normalised(std::string_view sym) { return ToUpper(Trim(sym)); }
 
 }  // namespace
 
@@ -184,8 +178,8 @@ bool BoundaryWorthDrawing(ScreenPoint a, ScreenPoint b, int surfaceWidth, int su
 
 std::string RoutePointLabel(int index, std::string_view name, int stopMinutes) {
   std::string label = index == 1 ? "Start" : std::to_string(index);
-  const std::size_t b = name.find_first_not_of(' ');
-  if (b != std::string_view::npos) label += " Wa " + std::string(name.substr(b, name.find_last_not_of(' ') - b + 1));
+  const std::string trimmed = TrimSpaces(name);
+  if (!trimmed.empty()) label += " Wa " + trimmed;
   if (stopMinutes > 0) label += " Stop " + std::to_string(stopMinutes) + "min";
   return label;
 }
@@ -193,8 +187,8 @@ std::string RoutePointLabel(int index, std::string_view name, int stopMinutes) {
 std::string LegLabel(float range, float bearing, bool calculated, float courseToSteer, std::string_view remark) {
   std::string text = FormatNumber(range, "0.0") + "nm " + FormatNumber(bearing, "000") + "\u00b0T";
   if (calculated) text += " Steer " + FormatNumber(courseToSteer, "000") + "\u00b0M";
-  const std::size_t b = remark.find_first_not_of(' ');
-  if (b != std::string_view::npos) text += " " + std::string(remark.substr(b, remark.find_last_not_of(' ') - b + 1));
+  const std::string trimmed = TrimSpaces(remark);
+  if (!trimmed.empty()) text += " " + trimmed;
   return text;
 }
 

@@ -8,6 +8,7 @@
 #include "core/format.h"
 #include "core/positions.h"
 #include "core/settings.h"
+#include "core/timetext.h"
 #include "passage/routecalc.h"
 #include "routes/gpx.h"
 #include "streams/tidalstreams.h"
@@ -15,34 +16,7 @@
 namespace kelvane::cli {
 namespace {
 
-struct Moment {
-  std::int16_t day = 0, year = 0;
-  float hours = 0;
-  std::string clock;  // "HH:MM"
-};
-
-bool IsLeap(int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
-
-// "YYYY-MM-DD HH:MM" to the day of the year and decimal hours.
-std::optional<Moment> ParseMoment(const std::string& text) {
-  int y = 0, mo = 0, d = 0, h = 0, mi = 0;
-  char tail = 0;
-  if (std::sscanf(text.c_str(), "%d-%d-%d %d:%d%c", &y, &mo, &d, &h, &mi, &tail) != 5) return std::nullopt;
-  static const int kDays[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  if (y < 1 || y > 9999 || mo < 1 || mo > 12 || d < 1 || h < 0 || h > 23 || mi < 0 || mi > 59) return std::nullopt;
-  const int length = kDays[mo - 1] + (mo == 2 && IsLeap(y) ? 1 : 0);
-  if (d > length) return std::nullopt;
-  int day = d;
-  for (int m = 1; m < mo; ++m) day += kDays[m - 1] + (m == 2 && IsLeap(y) ? 1 : 0);
-  Moment out;
-  out.day = static_cast<std::int16_t>(day);
-  out.year = static_cast<std::int16_t>(y);
-  out.hours = static_cast<float>(h) + static_cast<float>(mi) / 60.0f;
-  char clock[8];
-  std::snprintf(clock, sizeof clock, "%02d:%02d", h, mi);
-  out.clock = clock;
-  return out;
-}
+using Moment = TypedMoment;
 
 // A position given as decimal degrees ("41.5", "-70.6") or in the chart's
 // text form ("41.30.00N", "070.36.00W").
@@ -78,7 +52,7 @@ struct StreamOptions {
 };
 
 int Stream(const Context& cli, const StreamOptions& o) {
-  const auto at = ParseMoment(o.at);
+  const auto at = ParseDateTime(o.at);
   if (!at) {
     std::cerr << "Give the moment as \"YYYY-MM-DD HH:MM\"\n";
     return 2;
@@ -124,7 +98,7 @@ float VariationValue(const std::string& text) {
 }
 
 int Route(const Context& cli, const RouteOptions& o) {
-  const auto at = ParseMoment(o.depart);
+  const auto at = ParseDateTime(o.depart);
   if (!at) {
     std::cerr << "Give the departure as \"YYYY-MM-DD HH:MM\"\n";
     return 2;

@@ -7,6 +7,7 @@
 #include "cli/registry.h"
 #include "core/format.h"
 #include "core/positions.h"
+#include "core/text.h"
 #include "core/timetext.h"
 #include "tides/almanac.h"
 #include "tides/daycurve.h"
@@ -52,11 +53,6 @@ std::filesystem::path FindAreaFile(const Context& ctx, const std::string& name) 
   return given;
 }
 
-std::string Lower(std::string text) {
-  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return text;
-}
-
 struct TidesOptions {
   std::string area, port, date;
   int portNo = 0, days = 1;
@@ -74,9 +70,9 @@ int Tides(const Context& ctx, const TidesOptions& o) {
   if (!o.port.empty()) {
     recordNo = 0;
     for (std::size_t i = 0; i < records->size() && !recordNo; ++i)
-      if (Lower((*records)[i].PortName) == Lower(o.port)) recordNo = static_cast<int>(i) + 1;
+      if (ToLower((*records)[i].PortName) == ToLower(o.port)) recordNo = static_cast<int>(i) + 1;
     for (std::size_t i = 0; i < records->size() && !recordNo; ++i)
-      if (Lower((*records)[i].PortName).find(Lower(o.port)) != std::string::npos) recordNo = static_cast<int>(i) + 1;
+      if (ToLower((*records)[i].PortName).find(ToLower(o.port)) != std::string::npos) recordNo = static_cast<int>(i) + 1;
     if (!recordNo) {
       std::cerr << "Port " << o.port << " not found in " << file.string() << "\n";
       return 1;

@@ -1,6 +1,7 @@
 #include "core/configure.h"
 
 #include "core/format.h"
+#include "core/text.h"
 
 namespace kelvane {
 
@@ -8,7 +9,7 @@ namespace {
 
 float Number(const std::string& text) { return static_cast<float>(TextValue(text)); }
 std::int16_t Flag(bool on) { return on ? -1 : 0; }
-bool Blank(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
+bool Blank(const std::string& text) { return TrimBlanks(text).empty(); }
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "core/clock.h"
 #include "core/format.h"
 #include "core/timetext.h"
 
@@ -94,9 +95,7 @@ std::optional<LocaleDateFacts> LocaleDateFactsFor(const std::string& localeName)
   facts.yearFirst = y != std::string::npos && (d == std::string::npos || y < d) && (m == std::string::npos || y < m);
   facts.dayBeforeMonth = d != std::string::npos && (m == std::string::npos || d < m);
 
-  std::time_t now = std::time(nullptr);
-  std::tm today{};
-  localtime_r(&now, &today);
+  std::tm today = LocalNow();
   char buf[128];
   strftime_l(buf, sizeof buf, dfmt.c_str(), &today, loc);
   facts.todayText = buf;

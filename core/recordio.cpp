@@ -8,6 +8,8 @@
 #include <fstream>
 #include <random>
 
+#include "core/text.h"
+
 namespace kelvane {
 
 std::uint8_t RecordReader::U8(std::size_t offset) const {
@@ -51,9 +53,7 @@ std::string RecordReader::RawText(std::size_t offset, std::size_t width) const {
 }
 
 std::string RecordReader::Text(std::size_t offset, std::size_t width) const {
-  std::string s = RawText(offset, width);
-  while (!s.empty() && (s.back() == ' ' || s.back() == '\0')) s.pop_back();
-  return TextFromFile(s);
+  return TextFromFile(TrimFieldPadding(RawText(offset, width)));
 }
 
 void RecordWriter::Ensure(std::size_t end) {

@@ -2,8 +2,9 @@
 
 #include <array>
 #include <cmath>
-#include <ctime>
+#include <cstdio>
 
+#include "core/clock.h"
 #include "core/format.h"
 
 namespace kelvane {
@@ -65,11 +66,60 @@ std::string HoursToSpan(float hours) {
 
 bool IsLeapYear(int year) { return year % 400 == 0 || (year % 4 == 0 && year % 100 != 0); }
 
+bool IsListedLeapYear(int year, int first, int last) { return year >= first && year <= last && year % 4 == 0; }
+
+int DaysInMonth(int month, int year) {
+  switch (month) {
+    case 4: case 6: case 9: case 11: return 30;
+    case 2: return IsLeapYear(year) ? 29 : 28;
+    default: return 31;
+  }
+}
+
+int DayOfYear(int dayOfMonth, int month, int year) {
+  int day = dayOfMonth;
+  for (int m = 1; m < month; ++m) day += DaysInMonth(m, year);
+  return day;
+}
+
+CivilDate SerialDayToDate(std::int64_t serialDay) {
+  // Days from 1 March of year 0, the start of a 400-year era whose leap day
+  // falls at the end of each year (H. Hinnant's civil-calendar algorithm).
+  // 30 December 1899 is day 693899 of that count.
+  const std::int64_t z = serialDay + 693899;
+  const std::int64_t era = (z >= 0 ? z : z - 146096) / 146097;
+  const std::int64_t doe = z - era * 146097;                                   // 0 .. 146096
+  const std::int64_t yoe = (doe - doe / 1460 + doe / 36524 - doe / 146096) / 365;  // 0 .. 399
+  const std::int64_t doy = doe - (365 * yoe + yoe / 4 - yoe / 100);             // 0 .. 365, from 1 March
+  const std::int64_t mp = (5 * doy + 2) / 153;                                  // 0 = March .. 11 = February
+  CivilDate date;
+  date.day = static_cast<int>(doy - (153 * mp + 2) / 5 + 1);
+  date.month = static_cast<int>(mp < 10 ? mp + 3 : mp - 9);
+  date.year = yoe + era * 400 + (date.month <= 2 ? 1 : 0);
+  return date;
+}
+
+std::optional<TypedMoment> ParseDateTime(const std::string& text) {
+  int y = 0, mo = 0, d = 0, h = 0, mi = 0;
+  char tail = 0;
+  if (std::sscanf(text.c_str(), "%d-%d-%d %d:%d%c", &y, &mo, &d, &h, &mi, &tail) != 5) return std::nullopt;
+  if (y < 1 || y > 9999 || mo < 1 || mo > 12 || d < 1 || h < 0 || h > 23 || mi < 0 || mi > 59) return std::nullopt;
+  if (d > DaysInMonth(mo, y)) return std::nullopt;
+  TypedMoment out;
+  out.day = static_cast<std::int16_t>(DayOfYear(d, mo, y));
+  out.year = static_cast<std::int16_t>(y);
+  out.hours = static_cast<float>(h) + static_cast<float>(mi) / 60.0f;
+  char clock[8];
+  std::snprintf(clock, sizeof clock, "%02d:%02d", h, mi);
+  out.clock = clock;
+  return out;
+}
+
 std::optional<DateOfYear> DayToDate(int day, int year) {
   static const std::array<int, 12> leapStarts = {1, 32, 61, 92, 122, 153, 183, 214, 245, 275, 306, 336};
   static const std::array<int, 12> commonStarts = {1, 32, 60, 91, 121, 152, 182, 213, 244, 274, 305, 335};
   if (day < 1 || day > 366) return std::nullopt;
-  bool leap = year >= 2000 && year <= 2084 && year % 4 == 0;
+  bool leap = IsListedLeapYear(year, 2000, 2084);
   const auto& starts = leap ? leapStarts : commonStarts;
   int month = 11;
   while (month > 0 && day < starts[static_cast<size_t>(month)]) --month;
@@ -85,8 +135,7 @@ namespace {
 // The years in which the day count runs to 366 before it rolls. This list
 // is the program's own and is kept as it stands, 2070 and all.
 bool InRollList(int year) {
-  if (year == 2070) return true;
-  return year >= 1984 && year <= 2064 && year % 4 == 0;
+  return year == 2070 || IsListedLeapYear(year, 1984, 2064);
 }
 
 }  // namespace
@@ -141,11 +190,6 @@ std::string MonthExtension(int month) {
   return ext[static_cast<size_t>(month - 1)];
 }
 
-std::string MonthExtension() {
-  std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return MonthExtension(local.tm_mon + 1);
-}
+std::string MonthExtension() { return MonthExtension(LocalNow().tm_mon + 1); }
 
 }  // namespace kelvane

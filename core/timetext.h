@@ -28,6 +28,44 @@ std::string HoursToSpan(float hours);
 // The Gregorian rule.
 bool IsLeapYear(int year);
 
+// The leap years of the program's own day tables: the multiples of four
+// from `first` to `last` and no others. The spans are the tables' own and
+// are kept as they stand: the calendar of DayToDate knows 2000 to 2084, so
+// 1996 takes the common table, and the year roll of AddHours knows 1984 to
+// 2064 (and 2070). The Gregorian rule must not take their place.
+bool IsListedLeapYear(int year, int first, int last);
+
+// Days of the month, with the full Gregorian leap rule.
+int DaysInMonth(int month, int year);
+
+// Day of the year, from 1, of a Gregorian date.
+int DayOfYear(int dayOfMonth, int month, int year);
+
+// A date of the proleptic Gregorian calendar.
+struct CivilDate {
+  std::int64_t year = 0;
+  int month = 0;  // 1 .. 12
+  int day = 0;    // 1 .. 31
+};
+
+// The date of a serial day number, the count that databases and the chart
+// catalogue keep dates in: day 0 is 30 December 1899, day 2 is 1 January
+// 1900, and days before day 0 count back (-1 is 29 December 1899). Any
+// 64-bit count well inside +-1e12 days is exact.
+CivilDate SerialDayToDate(std::int64_t serialDay);
+
+// A moment of a passage typed as text: the day of the year, the year, the
+// time in decimal hours and the clock text "HH:MM".
+struct TypedMoment {
+  std::int16_t day = 0, year = 0;
+  float hours = 0;
+  std::string clock;
+};
+
+// "YYYY-MM-DD HH:MM" (years 1 to 9999, a real date, 00:00 to 23:59, nothing
+// after the minutes) to a moment; anything else gives nothing.
+std::optional<TypedMoment> ParseDateTime(const std::string& text);
+
 struct DateOfYear {
   std::string monthName;  // "Jan" .. "Dec"
   int month = 0;          // 1 .. 12

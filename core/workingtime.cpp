@@ -15,13 +15,6 @@ void ReadClock(WorkingMoment& m, const std::tm& t) {
   m.JulianDateNow = JulianDate(t.tm_mday, t.tm_mon + 1, t.tm_year + 1900, t.tm_hour, t.tm_min, t.tm_sec);
 }
 
-std::tm LocalNow() {
-  std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return local;
-}
-
 bool IdleTicker::Tick(bool replayActive, bool userTimeSet) {
   if (replayActive || userTimeSet) return false;
   ++count;

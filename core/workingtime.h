@@ -7,6 +7,8 @@
 #include <ctime>
 #include <string>
 
+#include "core/clock.h"
+
 namespace kelvane {
 
 struct WorkingMoment {
@@ -27,7 +29,6 @@ struct WorkingMoment {
 // as hours + minutes / 60 + seconds / 3600, the day of the year, year,
 // month and day of the month, and the Julian date.
 void ReadClock(WorkingMoment& moment, const std::tm& local);
-std::tm LocalNow();
 
 // The idle tick of the main window (every 100 ms while no instrument port is
 // attached). It counts ticks and, when the count passes 600 (about once a

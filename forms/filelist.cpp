@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "core/text.h"
 #include "forms/messages.h"
 
 namespace kelvane::forms {
@@ -13,8 +14,7 @@ void FillFileList(QListWidget* list, const std::filesystem::path& folder, const 
   std::error_code ec;
   for (auto it = std::filesystem::directory_iterator(folder, ec); !ec && it != std::filesystem::directory_iterator();
        it.increment(ec)) {
-    std::string ext = it->path().extension().string();
-    std::transform(ext.begin(), ext.end(), ext.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    const std::string ext = ToLower(it->path().extension().string());
     if (it->is_regular_file() && ext == extension) names.push_back(it->path().filename().string());
   }
   std::sort(names.begin(), names.end());

@@ -17,21 +17,11 @@
 
 #include "chart/areadatabase.h"
 #include "core/format.h"
+#include "core/text.h"
 #include "forms/messages.h"
 
 namespace kelvane::forms {
 namespace {
-
-std::string Trim(const std::string& text) {
-  std::size_t b = text.find_first_not_of(" \t\r\n");
-  if (b == std::string::npos) return "";
-  return text.substr(b, text.find_last_not_of(" \t\r\n") - b + 1);
-}
-
-std::string Upper(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::toupper(c); });
-  return text;
-}
 
 // The list boxes that take no typing: keys are dropped.
 class KeysDropped : public QObject {
@@ -184,9 +174,9 @@ void FrmLoadChart::ClickChart(int row) {
 void FrmLoadChart::SearchTextChanged(const QString& text) {
   // The scan runs over the catalogue of the area in force, whose order can
   // differ from the list's; its index is used as the list's.
-  const std::string wanted = Upper(text.toStdString());
+  const std::string wanted = ToUpper(text.toStdString());
   for (std::size_t i = 0; i < catalogue_.size(); ++i) {
-    if (Upper(catalogue_[i].chartName).find(wanted) != std::string::npos) {
+    if (ToUpper(catalogue_[i].chartName).find(wanted) != std::string::npos) {
       if (static_cast<int>(i) < ListResults_->count()) ListResults_->setCurrentRow(static_cast<int>(i));
       return;
     }

@@ -1,6 +1,7 @@
 #include "instruments/ais_decode.h"
 
 #include "core/format.h"
+#include "core/timetext.h"
 
 namespace kelvane {
 
@@ -356,20 +357,13 @@ std::string AidTypeText(int code) {
 }
 
 std::string EtaMonthText(int month) {
-  // Day 0 of the serial calendar is 30 December 1899, day 2 is 1 January
-  // 1900; the month field is read as such a day number.
+  // The month field is read as a serial day number (day 0 is 30 December
+  // 1899, day 2 is 1 January 1900). The field has four bits, so only
+  // December (0 and 1) and January (2 to 15) ever come of it.
   static const char* const names[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                       "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-  // 1900 is a common year in that calendar.
-  static const int lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   if (month <= 1) return "Dec";
-  int day = month - 1;  // 1 = 1 January 1900
-  for (int year = 0; year < 400; ++year)
-    for (int i = 0; i < 12; ++i) {
-      if (day <= lengths[i]) return names[i];
-      day -= lengths[i];
-    }
-  return "Dec";
+  return names[SerialDayToDate(month).month - 1];
 }
 
 namespace {

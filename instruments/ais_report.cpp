@@ -2,6 +2,7 @@
 
 #include "core/format.h"
 #include "core/positions.h"
+#include "core/text.h"
 #include "core/timetext.h"
 
 namespace kelvane {
@@ -10,12 +11,6 @@ namespace {
 
 const char kDegree[] = "\xC2\xB0";
 
-std::string Trimmed(const std::string& s) {
-  std::size_t b = s.find_first_not_of(' ');
-  if (b == std::string::npos) return {};
-  return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
-
 std::string PositionText(float lat, float lon) { return LatToText(lat) + ", " + LonToText(lon); }
 
 std::string Line(const std::string& label, const std::string& value) { return label + " : " + value; }
@@ -23,7 +18,7 @@ std::string Line(const std::string& label, const std::string& value) { return la
 }  // namespace
 
 std::string AisSummaryLine(const AISTarget& t, const OwnShipState& own, float nowHours) {
-  std::string name = Trimmed(t.VesselName);
+  std::string name = TrimSpaces(t.VesselName);
   if (name.empty()) name = "* name not received  ";
   std::string line = name + "\t" + FormatNumber(t.MMSI, "000000000") + "\t" + std::to_string(t.MessageType) + "\t" +
                      PositionText(t.Lat, t.Long) + "\t";
@@ -38,7 +33,7 @@ std::string AisSummaryLine(const AISTarget& t, const OwnShipState& own, float no
 std::vector<std::string> AisDetailsLines(const AISTarget& t, float nowHours) {
   std::vector<std::string> lines;
   if (t.Status == 100) {
-    lines.push_back(Line("Target Name", Trimmed(t.VesselName)));
+    lines.push_back(Line("Target Name", TrimSpaces(t.VesselName)));
     lines.push_back("Position : " + PositionText(t.Lat, t.Long));
     lines.push_back("(AIS Aid to Navigation - MMSI " + std::to_string(t.MMSI) + ")");
     return lines;
@@ -70,7 +65,7 @@ std::vector<std::string> AisDetailsLines(const AISTarget& t, float nowHours) {
 std::string AisLabelText(const AISTarget& t, int listIndex) {
   switch (listIndex) {
     case 1: {
-      const std::string name = Trimmed(t.VesselName);
+      const std::string name = TrimSpaces(t.VesselName);
       return name.empty() ? std::to_string(t.MMSI) : name;
     }
     case 2: return t.ShipType;

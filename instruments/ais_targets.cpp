@@ -5,6 +5,7 @@
 
 #include "core/format.h"
 #include "core/positions.h"
+#include "core/text.h"
 #include "core/timetext.h"
 
 namespace kelvane {
@@ -14,13 +15,6 @@ namespace {
 std::string WithoutAt(std::string text) {
   std::erase(text, '@');
   return text;
-}
-
-std::string Trimmed(const std::string& s) {
-  std::size_t b = s.find_first_not_of(' ');
-  if (b == std::string::npos) return {};
-  std::size_t e = s.find_last_not_of(' ');
-  return s.substr(b, e - b + 1);
 }
 
 AISTarget* Find(AisTargetTable& table, std::int32_t mmsi) {
@@ -151,7 +145,7 @@ void UpdateAISStatic(AisTargetTable& table, std::int32_t mmsi, const std::string
   AISTarget* t = Find(table, mmsi);
   if (!t) return;
   t->Callsign = WithoutAt(callsign);
-  t->VesselName = Trimmed(WithoutAt(vesselName));
+  t->VesselName = TrimSpaces(WithoutAt(vesselName));
   t->ShipType = shipType;
   t->Destination = WithoutAt(destination);
   t->Dimensions = dimensions;
@@ -163,7 +157,7 @@ void UpdateAISAidStatic(AisTargetTable& table, std::int32_t mmsi, const std::str
                         int /*aidTypeNumber*/) {
   AISTarget* t = Find(table, mmsi);
   if (!t) return;
-  std::string cleanName = Trimmed(WithoutAt(name));
+  std::string cleanName = TrimSpaces(WithoutAt(name));
   if (t->Callsign != callsign) t->Callsign = callsign;
   if (t->VesselName != cleanName) t->VesselName = cleanName;
   if (t->ShipType != shipType) t->ShipType = shipType;
@@ -176,7 +170,7 @@ void UpdateAISClassBStatic(AisTargetTable& table, std::int32_t mmsi, int part, c
   AISTarget* t = Find(table, mmsi);
   if (!t) return;
   if (part == 0) {
-    std::string cleanName = Trimmed(WithoutAt(name));
+    std::string cleanName = TrimSpaces(WithoutAt(name));
     if (!cleanName.empty()) t->VesselName = cleanName;
   } else if (part == 1) {
     t->Callsign = WithoutAt(callsign);

@@ -3,7 +3,9 @@
 #include <chrono>
 #include <ctime>
 
+#include "core/clock.h"
 #include "core/format.h"
+#include "core/text.h"
 
 namespace kelvane {
 
@@ -11,12 +13,11 @@ float ClockReading::Hours() const {
   return static_cast<float>(hour) + static_cast<float>(minute) / 60.0f + static_cast<float>(second) / 3600.0f;
 }
 
-ClockReading ClockNow() {
-  std::time_t t = std::time(nullptr);
-  std::tm tm{};
-  localtime_r(&t, &tm);
+ClockReading ClockReadingOf(const std::tm& tm) {
   return ClockReading{tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec};
 }
+
+ClockReading ClockNow() { return ClockReadingOf(LocalNow()); }
 
 void SeenFlags::ClearForFlush() {
   std::int16_t rmb = SeenRMB;
@@ -98,21 +99,6 @@ float CoordinateValue(const std::string& degrees, const std::string& minutes, st
   float result = static_cast<float>(value);
   if (letter == std::string_view(&negative, 1)) result = -result;
   return result;
-}
-
-// Number of characters (not bytes) in a UTF-8 text: "°" counts once.
-std::size_t CharCount(std::string_view s) {
-  std::size_t n = 0;
-  for (char c : s)
-    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++n;
-  return n;
-}
-
-std::string Trim(std::string_view s) {
-  std::size_t b = s.find_first_not_of(' ');
-  if (b == std::string_view::npos) return {};
-  std::size_t e = s.find_last_not_of(' ');
-  return std::string(s.substr(b, e - b + 1));
 }
 
 const char kDegree[] = "\xC2\xB0";  // the degree sign
@@ -287,7 +273,7 @@ void NmeaDecode(std::string_view line, OwnShipState& own, WaypointMonitor& monit
 
   if (line.find("RMB") != std::string_view::npos) {
     RmbFields r = ParseRMB(line);
-    if (CharCount(Trim(r.waypointLatText)) > 5) own.GPSWaypointValid = -1;
+    if (Utf8Length(TrimSpaces(r.waypointLatText)) > 5) own.GPSWaypointValid = -1;
     monitor.lblxte = r.xte;
     monitor.lblwaydist = r.range;
     if (r.steerDirection == "R") {

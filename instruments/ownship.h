@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,8 @@ struct ClockReading {
   float Hours() const;
 };
 
-// The system clock now.
+// A reading of a broken-down local time, and of the system clock now.
+ClockReading ClockReadingOf(const std::tm& local);
 ClockReading ClockNow();
 
 // Own-ship state. Angles in degrees, north and east positive; booleans 0/-1.

@@ -31,18 +31,8 @@ std::string DividersRangeText(float range, float bearing) {
 std::string CursorPositionText(float lat, float lon) { return LatToText3(lat) + ", " + LonToText3(lon); }
 
 IssueMonthYear IssueDateMonthYear(float issueDate) {
-  // Civil date of a day count from 30 December 1899 (day 0), by the days
-  // from 1 March of year 0 of the proleptic Gregorian calendar.
-  long days = static_cast<long>(std::floor(static_cast<double>(issueDate)));
-  long z = days + 693899;  // 1899-12-30 counted from 0000-03-01
-  long era = (z >= 0 ? z : z - 146096) / 146097;
-  long doe = z - era * 146097;
-  long yoe = (doe - doe / 1460 + doe / 36524 - doe / 146096) / 365;
-  long doy = doe - (365 * yoe + yoe / 4 - yoe / 100);
-  long mp = (5 * doy + 2) / 153;
-  int month = static_cast<int>(mp < 10 ? mp + 3 : mp - 9);
-  int year = static_cast<int>(yoe + era * 400 + (month <= 2 ? 1 : 0));
-  return IssueMonthYear{month, year};
+  const CivilDate date = SerialDayToDate(static_cast<std::int64_t>(std::floor(static_cast<double>(issueDate))));
+  return IssueMonthYear{date.month, static_cast<int>(date.year)};
 }
 
 NearestPoint NearestWaypoint(const std::vector<Waypoint>& withBlank, float lat, float lon) {

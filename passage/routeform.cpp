@@ -6,6 +6,7 @@
 
 #include "core/format.h"
 #include "core/positions.h"
+#include "core/text.h"
 
 namespace kelvane {
 
@@ -13,12 +14,11 @@ std::string ValidSpeedMessage() { return "Must enter a valid speed"; }
 
 SpeedEntry ParseRouteSpeed(std::string_view text) {
   SpeedEntry out;
-  std::size_t first = text.find_first_not_of(" \t");
-  std::size_t last = text.find_last_not_of(" \t");
-  bool plain = first != std::string_view::npos;
+  const std::string trimmed = TrimBlanks(text);
+  bool plain = !trimmed.empty();
   int digits = 0, points = 0;
   if (plain) {
-    for (char c : text.substr(first, last - first + 1)) {
+    for (char c : trimmed) {
       if (c >= '0' && c <= '9')
         ++digits;
       else if (c == '.')

@@ -6,6 +6,7 @@
 
 #include "core/format.h"
 #include "core/recordio.h"
+#include "core/text.h"
 
 namespace kelvane {
 
@@ -27,11 +28,7 @@ std::string ElementText(const pugi::xml_node& element) {
     if (!cur || cur == element) break;
     cur = cur.next_sibling();
   }
-  const char* blanks = " \t\r\n";
-  std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string::npos) return std::string();
-  std::size_t last = text.find_last_not_of(blanks);
-  return text.substr(first, last - first + 1);
+  return Trim(text);
 }
 
 bool Is(const pugi::xml_node& node, const char* name) {
@@ -173,10 +170,9 @@ const std::vector<RouteFilePoint>& UnnamedRoutePoints(const GpxStore& store) {
 }
 
 float GpxCoordinate(std::string_view text, std::string_view format) {
-  std::size_t first = text.find_first_not_of(" \t\r\n");
-  std::size_t last = text.find_last_not_of(" \t\r\n");
-  if (first == std::string_view::npos) throw GpxWalkError("empty coordinate");
-  std::string_view t = text.substr(first, last - first + 1);
+  const std::string trimmed = Trim(text);
+  if (trimmed.empty()) throw GpxWalkError("empty coordinate");
+  std::string_view t = trimmed;
   if (t.size() > 1 && t[0] == '+' && t[1] != '-') t.remove_prefix(1);
   double value = 0;
   auto [end, ec] = std::from_chars(t.data(), t.data() + t.size(), value, std::chars_format::general);

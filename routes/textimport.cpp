@@ -3,18 +3,12 @@
 #include <algorithm>
 
 #include "core/format.h"
+#include "core/text.h"
 #include "routes/gpxfields.h"
 
 namespace kelvane {
 
 namespace {
-
-std::string Trim(std::string_view text) {
-  std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return std::string();
-  std::size_t last = text.find_last_not_of(" \t");
-  return std::string(text.substr(first, last - first + 1));
-}
 
 // Degrees before the first point, minutes after it, in degrees.
 float DegreesAndMinutes(std::string_view text, char negative) {
@@ -48,7 +42,7 @@ std::vector<std::string> TextLines(std::string_view text) {
 std::string ValidateImportLines(const std::vector<std::string>& lines, TextImportKind kind) {
   const long commas = kind == TextImportKind::Route ? 3 : 2;
   for (const std::string& line : lines) {
-    if (Trim(line).empty() || std::count(line.begin(), line.end(), ',') < commas) return "File contains invalid lines";
+    if (TrimBlanks(line).empty() || std::count(line.begin(), line.end(), ',') < commas) return "File contains invalid lines";
   }
   return std::string();
 }
@@ -59,7 +53,7 @@ float ImportLongitude(std::string_view text) { return DegreesAndMinutes(text, 'W
 WayRecord ImportWayLine(std::string_view line) {
   WayRecord r;
   std::size_t comma = line.find(',');
-  r.Name = CutUtf8(Trim(line.substr(0, comma)), kLegacyNameWidth);
+  r.Name = CutUtf8(TrimBlanks(line.substr(0, comma)), kLegacyNameWidth);
   r.Lat = ImportLatitude(SecondCsvField(line));
   r.Lon = ImportLongitude(ThirdCsvField(line));
   return r;

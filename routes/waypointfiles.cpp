@@ -2,16 +2,14 @@
 
 #include <system_error>
 
+#include "core/text.h"
 
 namespace kelvane {
 
 WayFileName CheckWayFileName(const std::filesystem::path& folder, std::string_view typed,
                              std::string_view missingMessage) {
   WayFileName out;
-  std::string name(typed);
-  const std::size_t first = name.find_first_not_of(" \t");
-  const std::size_t last = name.find_last_not_of(" \t");
-  name = first == std::string::npos ? std::string() : name.substr(first, last - first + 1);
+  const std::string name = TrimBlanks(typed);
   if (name.empty()) {
     out.message = missingMessage;
     return out;

@@ -1,6 +1,7 @@
 #include "streams/diamond.h"
 
 #include "chart/areadatabase.h"
+#include "core/text.h"
 
 namespace kelvane {
 namespace {
@@ -9,13 +10,6 @@ constexpr std::size_t kRatesOffset = 28;
 
 std::size_t RateOffset(int slot, int row) {
   return kRatesOffset + 4u * static_cast<std::size_t>(slot + kDiamondSlots * row);
-}
-
-std::string Trimmed(std::string_view text) {
-  std::size_t a = 0, b = text.size();
-  while (a < b && text[a] == ' ') ++a;
-  while (b > a && text[b - 1] == ' ') --b;
-  return std::string(text.substr(a, b - a));
 }
 
 // The slot names of the table, M6 (slot 1) to P6 (slot 13), with the
@@ -67,7 +61,7 @@ std::vector<Diamond> DiamondsFromBytes(const Bytes& bytes) {
 }
 
 std::filesystem::path StreamFilePath(const std::filesystem::path& programFolder, std::string_view name) {
-  return programFolder / "TS" / (Trimmed(name) + ".l25");
+  return programFolder / "TS" / (TrimSpaces(name) + ".l25");
 }
 
 StreamFileRead ReadStreamFile(const std::filesystem::path& programFolder, std::string_view name) {
@@ -140,7 +134,7 @@ DiamondsRead ReadDiamondsFromDatabaseFile(const std::filesystem::path& database)
 }
 
 DiamondsRead ReadDiamondsFromDatabase(const std::filesystem::path& programFolder, std::string_view area) {
-  return ReadDiamondsFromDatabaseFile(AreaDatabasePath(programFolder, Trimmed(area)));
+  return ReadDiamondsFromDatabaseFile(AreaDatabasePath(programFolder, TrimSpaces(area)));
 }
 
 }  // namespace kelvane

@@ -57,8 +57,6 @@ SunEvent OneEvent(double N, double L, double W, double zone, double zenithCos, b
   return {true, static_cast<float>(UT * kRadToHours)};
 }
 
-bool LeapGregorian(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
-
 const char* const kMonthNames[12] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                      "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
@@ -154,14 +152,6 @@ std::string SunEventText(const SunEvent& event) {
   return HoursToClock(event.hours);
 }
 
-int DaysInMonth(int month, int year) {
-  switch (month) {
-    case 4: case 6: case 9: case 11: return 30;
-    case 2: return LeapGregorian(year) ? 29 : 28;
-    default: return 31;
-  }
-}
-
 std::vector<MoonPhase> MoonPhasesFor(int year, int month) {
   static constexpr double kNormal[12] = {0.042438, 0.123206, 0.203974, 0.28748,  0.370987, 0.454493,
                                          0.537999, 0.622874, 0.706381, 0.789887, 0.873393, 0.956899};
@@ -169,7 +159,7 @@ std::vector<MoonPhase> MoonPhasesFor(int year, int month) {
                                        0.539368, 0.624243, 0.70775,  0.791256, 0.874762, 0.958268};
   std::vector<MoonPhase> out;
   if (month < 1 || month > 12) return out;
-  const double fraction = (LeapGregorian(year) ? kLeap : kNormal)[month - 1];
+  const double fraction = (IsLeapYear(year) ? kLeap : kNormal)[month - 1];
   const double K = std::trunc((year + fraction - 1900) * 12.3685);
   static constexpr double kSteps[7] = {-0.75, -0.5, -0.25, 0, 0.25, 0.5, 0.75};
   static const char* const kWords[4] = {"NEW MOON     ", "FIRST QUARTER", "FULL MOON    ", "LAST QUARTER "};

@@ -49,9 +49,6 @@ SunTimes SunRiseSet(double lat, double lon, int day, int month, int year, double
 // "hh:mm" of an event, or "None".
 std::string SunEventText(const SunEvent& event);
 
-// Days of the month, with the full Gregorian leap rule.
-int DaysInMonth(int month, int year);
-
 struct MoonPhase {
   int day = 0;
   int month = 0;

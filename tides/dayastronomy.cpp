@@ -4,6 +4,7 @@
 
 #include "core/format.h"
 #include "core/positions.h"
+#include "core/timetext.h"
 
 namespace kelvane {
 
@@ -96,10 +97,7 @@ YearStart YearStartValues(std::int16_t year) {
     for (int y = 1992; y < year;) {
       Advance(v, days);
       ++y;
-      days = 365;
-      if (y % 4 == 0) days = 366;
-      if (y % 100 == 0) days = 365;
-      if (y % 400 == 0) days = 366;
+      days = IsLeapYear(y) ? 366 : 365;
     }
   } else {
     // Walking back the day count starts at 366 and changes only in a

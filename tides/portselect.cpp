@@ -3,19 +3,10 @@
 #include <algorithm>
 
 #include "core/settings.h"
+#include "core/text.h"
 #include "tides/harmonicfile.h"
 
 namespace kelvane {
-namespace {
-
-std::string Trim(const std::string& text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == std::string::npos) return "";
-  const auto last = text.find_last_not_of(" \t");
-  return text.substr(first, last - first + 1);
-}
-
-}  // namespace
 
 std::vector<std::string> AreaFileNames(const std::filesystem::path& tsFolder) {
   std::vector<std::string> names;
@@ -37,12 +28,12 @@ std::string CheckAreaChoice(const std::string& label) {
 }
 
 std::filesystem::path AreaFilePath(const std::filesystem::path& programFolder, const std::string& harmonicFile) {
-  return programFolder / "TS" / Trim(harmonicFile);
+  return programFolder / "TS" / TrimBlanks(harmonicFile);
 }
 
 bool StoreAreaChoice(const std::filesystem::path& settingsFile, const std::string& label) {
   SettingsRecord settings = ReadSettings(settingsFile);
-  settings.HarmonicFile = Trim(label);
+  settings.HarmonicFile = TrimBlanks(label);
   return WriteSettings(settingsFile, settings);
 }
 

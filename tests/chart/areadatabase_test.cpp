@@ -11,18 +11,14 @@
 #include "chart/areadatabase.h"
 #include "chart/catalogue.h"
 #include "core/recordio.h"
-#include "test_folder.h"
+#include "support/shared_testdata.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {
 
-// The real Jet files kept beside the project (shared/testdata/jet). The
-// environment can point elsewhere when the tree is checked out alone.
-std::filesystem::path JetFile(const char* name) {
-  const char* env = std::getenv("KELVANE_SHARED_TESTDATA");
-  std::filesystem::path root = env ? env : KELVANE_SHARED_TESTDATA;
-  return root / "jet" / name;
-}
+// The real Jet files kept beside the project (shared/testdata/jet).
+std::filesystem::path JetFile(const char* name) { return test::SharedTestFile(std::string("jet/") + name); }
 
 void WriteBytes(const std::filesystem::path& file, const std::string& bytes) {
   std::ofstream out(file, std::ios::binary);
@@ -30,6 +26,8 @@ void WriteBytes(const std::filesystem::path& file, const std::string& bytes) {
 }
 
 TEST(Recognise, ByHeaderNotByName) {
+  SKIP_WITHOUT_SHARED_FILE("jet/nwind.mdb");
+  SKIP_WITHOUT_SHARED_FILE("jet/DateTestDatabase.mdb");
   TestFolder dir;
   auto sqlite = dir.path() / "area.mdb";  // an SQLite file with a Jet name
   ASSERT_TRUE(AreaDatabase::Create(sqlite).ok());
@@ -103,6 +101,7 @@ TEST(SQLite, ValuesByColumnNameWithoutCase) {
 }
 
 TEST(Jet, Jet3NorthwindTables) {
+  SKIP_WITHOUT_SHARED_FILE("jet/nwind.mdb");
   AreaDatabase db = AreaDatabase::Open(JetFile("nwind.mdb"));
   ASSERT_TRUE(db.ok()) << db.message();
   EXPECT_EQ(db.kind(), DatabaseKind::Jet3);
@@ -135,6 +134,7 @@ TEST(Jet, Jet3NorthwindTables) {
 }
 
 TEST(Jet, Jet4DatesReadCorrectly) {
+  SKIP_WITHOUT_SHARED_FILE("jet/DateTestDatabase.mdb");
   AreaDatabase db = AreaDatabase::Open(JetFile("DateTestDatabase.mdb"));
   ASSERT_TRUE(db.ok()) << db.message();
   EXPECT_EQ(db.kind(), DatabaseKind::Jet4);
@@ -167,6 +167,7 @@ TEST(Jet, DateArithmetic) {
 }
 
 TEST(Jet, ImportToSQLite) {
+  SKIP_WITHOUT_SHARED_FILE("jet/nwind.mdb");
   TestFolder dir;
   AreaDatabase jet = AreaDatabase::Open(JetFile("nwind.mdb"));
   ASSERT_TRUE(jet.ok());
@@ -274,6 +275,7 @@ TEST(BadInput, BytesInMemory) {
   std::vector<std::uint8_t> garbage(10000, 0xA5);
   AreaDatabase db = AreaDatabase::OpenBytes(garbage);
   EXPECT_FALSE(db.ok());
+  SKIP_WITHOUT_SHARED_FILE("jet/DateTestDatabase.mdb");
   auto jet = ReadFileBytes(JetFile("DateTestDatabase.mdb"));
   ASSERT_TRUE(jet);
   AreaDatabase fromBytes = AreaDatabase::OpenBytes(*jet);

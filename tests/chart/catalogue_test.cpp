@@ -6,7 +6,7 @@
 
 #include "chart/catalogue.h"
 #include "chart/georef.h"
-#include "test_folder.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {

@@ -7,35 +7,29 @@
 #include <sstream>
 
 #include "chart/areadatabase.h"
-#include "test_folder.h"
+#include "support/commands.h"
+#include "support/shared_testdata.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {
 
 const std::string kData = std::string(KELVANE_SOURCE_DIR) + "/data";
 
-std::string Jet(const char* name) {
-  const char* env = std::getenv("KELVANE_SHARED_TESTDATA");
-  return std::string(env ? env : KELVANE_SHARED_TESTDATA) + "/jet/" + name;
-}
+std::string Jet(const char* name) { return test::SharedTestFile(std::string("jet/") + name).string(); }
 
 std::vector<std::string> RunCli(const std::string& args, const std::string& input = "") {
   std::string command = std::string(KELVANE_CLI) + " " + args + " 2>&1";
   if (!input.empty()) command = "printf '" + input + "' | " + command;
   std::vector<std::string> lines;
-  FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return lines;
-  std::string text;
-  char buffer[4096];
-  std::size_t n;
-  while ((n = fread(buffer, 1, sizeof buffer, pipe)) > 0) text.append(buffer, n);
-  pclose(pipe);
-  std::istringstream in(text);
+  std::istringstream in(testing::RunCommand(command));
   for (std::string line; std::getline(in, line);) lines.push_back(line);
   return lines;
 }
 
 TEST(Cli, DbTablesAndQueryOnJet) {
+  SKIP_WITHOUT_SHARED_FILE("jet/nwind.mdb");
+  SKIP_WITHOUT_SHARED_FILE("jet/DateTestDatabase.mdb");
   auto tables = RunCli("db tables '" + Jet("nwind.mdb") + "'");
   EXPECT_NE(std::find(tables.begin(), tables.end(), "Umsätze"), tables.end());
   EXPECT_NE(std::find(tables.begin(), tables.end(), "Shippers"), tables.end());
@@ -47,6 +41,7 @@ TEST(Cli, DbTablesAndQueryOnJet) {
 }
 
 TEST(Cli, DbImportMakesAnSQLiteFile) {
+  SKIP_WITHOUT_SHARED_FILE("jet/nwind.mdb");
   TestFolder dir;
   std::string out = (dir.path() / "nwind.l35").string();
   auto lines = RunCli("db import '" + Jet("nwind.mdb") + "' '" + out + "'");

@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "chart/outline.h"
-#include "test_folder.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {

@@ -6,11 +6,12 @@
 #include <map>
 #include <random>
 
-#include "cli_test.h"
 #include "core/datatree.h"
 #include "core/recordio.h"
 #include "core/settings.h"
 #include "core/windconfig.h"
+#include "support/commands.h"
+#include "support/tempdir.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

@@ -113,3 +113,42 @@ TEST(Calendar, JulianDate) {
   EXPECT_EQ(MonthExtension(13), "");
   EXPECT_EQ(MonthExtension().size(), 4u);
 }
+
+TEST(DaysInMonth, FullLeapRule) {
+  struct Case {
+    int month, year, days;
+  };
+  const Case cases[] = {{1, 2025, 31}, {2, 2025, 28}, {2, 2024, 29}, {2, 1900, 28}, {2, 2000, 29},
+                        {4, 2025, 30}, {6, 2025, 30}, {9, 2025, 30}, {11, 2025, 30}, {12, 2025, 31}};
+  for (const Case& c : cases) EXPECT_EQ(DaysInMonth(c.month, c.year), c.days) << c.month << "/" << c.year;
+}
+
+TEST(TypedDateTime, RealDatesOnlyWithTheGregorianLeapRule) {
+  struct Case {
+    const char* text;
+    bool ok;
+    int day, year;
+    float hours;
+    const char* clock;
+  } cases[] = {
+      {"2024-02-29 12:30", true, 60, 2024, 12.5f, "12:30"},
+      {"2000-12-31 23:59", true, 366, 2000, 23.0f + 59.0f / 60.0f, "23:59"},
+      {"2025-6-10 8:5", true, 161, 2025, 8.0f + 5.0f / 60.0f, "08:05"},
+      {"2023-02-29 00:00", false, 0, 0, 0, ""},
+      {"1900-02-29 00:00", false, 0, 0, 0, ""},  // a century year is common
+      {"2025-06-10 24:00", false, 0, 0, 0, ""},
+      {"2025-06-10 08:00x", false, 0, 0, 0, ""},
+      {"2025-06-10", false, 0, 0, 0, ""},
+      {"0000-01-01 00:00", false, 0, 0, 0, ""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    const auto m = ParseDateTime(c.text);
+    ASSERT_EQ(m.has_value(), c.ok);
+    if (!m) continue;
+    EXPECT_EQ(m->day, c.day);
+    EXPECT_EQ(m->year, c.year);
+    EXPECT_FLOAT_EQ(m->hours, c.hours);
+    EXPECT_EQ(m->clock, c.clock);
+  }
+}

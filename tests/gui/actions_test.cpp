@@ -22,7 +22,7 @@
 #include "app/mainwindow.h"
 #include "core/positions.h"
 #include "forms/frmcalcroute.h"
-#include "gui_support.h"
+#include "support/gui_support.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

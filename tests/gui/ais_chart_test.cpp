@@ -22,10 +22,10 @@
 #include "core/settings.h"
 #include "forms/frmAISSummary.h"
 #include "forms/frmAisDetails.h"
-#include "gui_support.h"
-#include "instruments/ais_encoder.h"
 #include "instruments/comms.h"
-#include "instruments/test_support.h"
+#include "support/ais_encoder.h"
+#include "support/gui_support.h"
+#include "support/pty.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

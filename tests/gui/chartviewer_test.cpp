@@ -14,7 +14,7 @@
 #include "app/chartpane.h"
 #include "app/chartviewer.h"
 #include "forms/frmloadchart.h"
-#include "gui_support.h"
+#include "support/gui_support.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

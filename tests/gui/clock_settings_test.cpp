@@ -25,8 +25,8 @@
 #include "forms/frmTidesSeaArea.h"
 #include "forms/frmconfigure.h"
 #include "forms/frmtimdat.h"
-#include "gui_support.h"
-#include "instruments/test_support.h"
+#include "support/gui_support.h"
+#include "support/pty.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

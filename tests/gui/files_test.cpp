@@ -21,9 +21,9 @@
 #include "forms/frmcompoundexport.h"
 #include "forms/frmconverttogpx.h"
 #include "forms/frmtxtfileimport.h"
-#include "gui_support.h"
 #include "routes/gpxwrite.h"
 #include "routes/legacy.h"
+#include "support/gui_support.h"
 #include "support/tempdir.h"
 
 using namespace kelvane;

@@ -10,7 +10,7 @@
 #include "core/settings.h"
 #include "forms/frmconfigure.h"
 #include "forms/frmtimdat.h"
-#include "gui_support.h"
+#include "support/gui_support.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

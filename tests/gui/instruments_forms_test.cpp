@@ -18,9 +18,9 @@
 #include "forms/frmCommsInfo.h"
 #include "forms/frmGPSConfig.h"
 #include "forms/frmgpsdetail.h"
-#include "gui_support.h"
 #include "instruments/posix_serial.h"
-#include "instruments/test_support.h"
+#include "support/gui_support.h"
+#include "support/pty.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

@@ -20,8 +20,8 @@
 #include "core/format.h"
 #include "core/positions.h"
 #include "forms/frmMouseInput.h"
-#include "gui_support.h"
 #include "passage/chartinteraction.h"
+#include "support/gui_support.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

@@ -11,8 +11,8 @@
 
 #include "app/mainwindow.h"
 #include "forms/frmconfigure.h"
-#include "gui_support.h"
 #include "streams/tidalstreams.h"
+#include "support/gui_support.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

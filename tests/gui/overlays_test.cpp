@@ -18,8 +18,8 @@
 #include "app/overlays.h"
 #include "chart/catalogue.h"
 #include "core/settings.h"
-#include "gui_support.h"
 #include "passage/routecalc.h"
+#include "support/gui_support.h"
 
 using namespace kelvane;
 using namespace kelvane::app;

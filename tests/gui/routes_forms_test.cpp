@@ -20,7 +20,7 @@
 #include <QRadioButton>
 #include <QTest>
 
-#include "gui_support.h"
+#include "support/gui_support.h"
 
 namespace kelvane::forms {
 namespace {

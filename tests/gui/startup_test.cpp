@@ -13,7 +13,7 @@
 #include "app/frmdisclaimer.h"
 #include "app/mainwindow.h"
 #include "core/settings.h"
-#include "gui_support.h"
+#include "support/gui_support.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

@@ -14,7 +14,7 @@
 #include "core/settings.h"
 #include "forms/frmPortName.h"
 #include "forms/frmTidesSeaArea.h"
-#include "gui_support.h"
+#include "support/gui_support.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 // chosen field values; the expected values follow from those by hand.
 #include <gtest/gtest.h>
 
-#include "ais_encoder.h"
 #include "instruments/ais_decode.h"
 #include "instruments/receive.h"
+#include "support/ais_encoder.h"
 
 namespace kelvane {
 namespace {

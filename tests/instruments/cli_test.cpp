@@ -9,21 +9,19 @@
 #include <thread>
 
 #include "core/recordio.h"
-#include "test_support.h"
+#include "support/commands.h"
+#include "support/pty.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {
 
+using testing::ReadText;
 using testing::RunCommand;
 using testing::SplitLines;
 
 const std::string kCli = KELVANE_CLI;
 const std::string kData = std::string(KELVANE_TEST_DATA) + "/instruments/";
-
-std::string ReadText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 // Line by line; a missing or extra line fails as well as a differing one.
 void ExpectSameLines(const std::string& actual, const std::string& expected) {

@@ -6,7 +6,8 @@
 
 #include "instruments/comms.h"
 #include "instruments/posix_serial.h"
-#include "test_support.h"
+#include "support/pty.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {

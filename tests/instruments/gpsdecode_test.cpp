@@ -10,11 +10,12 @@
 
 #include <fstream>
 
-#include "ais_encoder.h"
 #include "core/format.h"
 #include "instruments/ais_decode.h"
 #include "instruments/nmea.h"
-#include "test_support.h"
+#include "support/ais_encoder.h"
+#include "support/commands.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {

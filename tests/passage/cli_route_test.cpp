@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <string>
 
+#include "support/commands.h"
+
 namespace {
 
 struct CliRun {
@@ -17,11 +19,7 @@ CliRun Cli(const std::string& args) {
   const std::string data = std::string(KELVANE_SOURCE_DIR) + "/data";
   const std::string command = std::string("'") + KELVANE_CLI + "' --data-root '" + data + "' " + args + " 2>&1";
   CliRun r;
-  FILE* pipe = popen(command.c_str(), "r");
-  std::array<char, 4096> buffer{};
-  std::size_t n;
-  while ((n = fread(buffer.data(), 1, buffer.size(), pipe)) > 0) r.out.append(buffer.data(), n);
-  r.status = pclose(pipe);
+  r.out = kelvane::testing::RunCommand(command, &r.status);
   return r;
 }
 

@@ -12,7 +12,7 @@
 #include "routes/gpx.h"
 #include "routes/gpxwrite.h"
 #include "routes/samplewaypoints.h"
-#include "temp_folder.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {

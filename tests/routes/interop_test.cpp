@@ -14,12 +14,14 @@
 #include "routes/gpxwrite.h"
 #include "routes/legacy.h"
 #include "routes/samplewaypoints.h"
-#include "temp_folder.h"
+#include "support/commands.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {
 
 using testing::ReadText;
+using testing::RunCommand;
 using testing::TempFolder;
 using testing::WriteText;
 
@@ -35,17 +37,6 @@ std::ostream& operator<<(std::ostream& os, const Counts& c) {
 }
 
 bool HaveGpsbabel() { return std::system("command -v gpsbabel >/dev/null 2>&1") == 0; }
-
-std::string RunCommand(const std::string& command, int* status = nullptr) {
-  std::string out;
-  FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return out;
-  std::array<char, 4096> buf;
-  while (std::size_t n = fread(buf.data(), 1, buf.size(), pipe)) out.append(buf.data(), n);
-  int rc = pclose(pipe);
-  if (status) *status = WEXITSTATUS(rc);
-  return out;
-}
 
 std::string Quote(const std::filesystem::path& p) { return "'" + p.string() + "'"; }
 

@@ -7,7 +7,7 @@
 #include "routes/gpxwrite.h"
 #include "routes/legacy.h"
 #include "routes/textimport.h"
-#include "temp_folder.h"
+#include "support/tempdir.h"
 
 namespace kelvane {
 namespace {

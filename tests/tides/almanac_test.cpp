@@ -67,15 +67,6 @@ TEST(SunRiseSet, PolarDaysAndNights) {
   EXPECT_FALSE(may[kSunset].happens);
 }
 
-TEST(DaysInMonth, FullLeapRule) {
-  struct Case {
-    int month, year, days;
-  };
-  const Case cases[] = {{1, 2025, 31}, {2, 2025, 28}, {2, 2024, 29}, {2, 1900, 28}, {2, 2000, 29},
-                        {4, 2025, 30}, {6, 2025, 30}, {9, 2025, 30}, {11, 2025, 30}, {12, 2025, 31}};
-  for (const Case& c : cases) EXPECT_EQ(DaysInMonth(c.month, c.year), c.days) << c.month << "/" << c.year;
-}
-
 TEST(MoonPhases, MarchAndJanuary2025AgainstAstronomyEngine) {
   // astronomy-engine SearchMoonQuarter (UT): first quarter 6 Mar 16:32,
   // full moon 14 Mar 06:55, last quarter 22 Mar 11:30; the new moon of 29

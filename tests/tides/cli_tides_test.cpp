@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "support/commands.h"
+
 namespace {
 
 struct CliRun {
@@ -17,12 +19,7 @@ struct CliRun {
 CliRun RunCli(const std::string& args) {
   CliRun run;
   const std::string command = std::string(KELVANE_CLI) + " " + args + " 2>&1";
-  FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return run;
-  std::string text;
-  std::array<char, 4096> buffer{};
-  while (std::fgets(buffer.data(), static_cast<int>(buffer.size()), pipe)) text += buffer.data();
-  run.status = pclose(pipe);
+  const std::string text = kelvane::testing::RunCommand(command, &run.status);
   std::size_t start = 0;
   for (std::size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
     run.lines.push_back(text.substr(start, end - start));

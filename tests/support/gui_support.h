@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QListWidget>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
@@ -105,6 +106,13 @@ void WhenModal(std::function<void(T*)> act) {
     }
   });
   poll->start();
+}
+
+// The texts of a list box, top to bottom.
+inline std::vector<std::string> ListLines(const QListWidget* list) {
+  std::vector<std::string> lines;
+  for (int i = 0; i < list->count(); ++i) lines.push_back(list->item(i)->text().toStdString());
+  return lines;
 }
 
 // Saves a picture of a window when KELVANE_SCREENSHOT_DIR names a folder.

@@ -1,6 +1,5 @@
-// Helpers of the instruments tests: a reader of flat JSON objects (the
-// output of kelvane-cli and of gpsdecode), running a command, temporary
-// folders, and a pair of pseudo-terminals made by socat.
+// A pair of linked pseudo-terminals made by socat, and a writer that feeds
+// one end at the pace of a serial line.
 #pragma once
 
 #include <fcntl.h>
@@ -10,29 +9,12 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <array>
-#include <cstdio>
-#include <random>
-#include <thread>
-
 #include <chrono>
 #include <filesystem>
-#include <map>
 #include <string>
-#include <vector>
+#include <thread>
 
 namespace kelvane::testing {
-
-// Keys and values of one flat JSON object; strings unescaped, numbers and
-// booleans as their text. Nested values are not expected.
-std::map<std::string, std::string> ParseFlatJson(const std::string& line);
-
-// Runs a shell command and returns its standard output.
-std::string RunCommand(const std::string& command, int* exitCode = nullptr);
-
-std::vector<std::string> SplitLines(const std::string& text);
-
-std::filesystem::path MakeTempDir(const std::string& stem);
 
 // Two linked pseudo-terminals, dir/gps-a and dir/gps-b, made by socat. What
 // is written to one end is read at the other.
@@ -65,81 +47,6 @@ class PacedWriter {
   int fd_ = -1;
   int baud_;
 };
-
-
-
-inline std::map<std::string, std::string> ParseFlatJson(const std::string& s) {
-  std::map<std::string, std::string> out;
-  std::size_t i = 0;
-  auto skip = [&] {
-    while (i < s.size() && (s[i] == ' ' || s[i] == '{' || s[i] == ',' || s[i] == '}' || s[i] == '\n')) ++i;
-  };
-  auto str = [&] {
-    std::string v;
-    ++i;  // opening quote
-    while (i < s.size() && s[i] != '"') {
-      if (s[i] == '\\' && i + 1 < s.size()) {
-        ++i;
-        if (s[i] == 'u' && i + 4 < s.size()) {
-          v.push_back(static_cast<char>(std::stoi(s.substr(i + 1, 4), nullptr, 16)));
-          i += 4;
-        } else {
-          v.push_back(s[i]);
-        }
-      } else {
-        v.push_back(s[i]);
-      }
-      ++i;
-    }
-    ++i;
-    return v;
-  };
-  while (true) {
-    skip();
-    if (i >= s.size() || s[i] != '"') break;
-    std::string key = str();
-    if (i < s.size() && s[i] == ':') ++i;
-    std::string value;
-    if (i < s.size() && s[i] == '"') {
-      value = str();
-    } else {
-      while (i < s.size() && s[i] != ',' && s[i] != '}') value.push_back(s[i++]);
-    }
-    out[key] = value;
-  }
-  return out;
-}
-
-inline std::string RunCommand(const std::string& command, int* exitCode) {
-  std::string out;
-  FILE* p = popen(command.c_str(), "r");
-  if (!p) return out;
-  std::array<char, 65536> buf;
-  std::size_t n;
-  while ((n = fread(buf.data(), 1, buf.size(), p)) > 0) out.append(buf.data(), n);
-  int status = pclose(p);
-  if (exitCode) *exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return out;
-}
-
-inline std::vector<std::string> SplitLines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::size_t start = 0;
-  while (start < text.size()) {
-    std::size_t end = text.find('\n', start);
-    if (end == std::string::npos) end = text.size();
-    lines.push_back(text.substr(start, end - start));
-    start = end + 1;
-  }
-  return lines;
-}
-
-inline std::filesystem::path MakeTempDir(const std::string& stem) {
-  std::random_device rd;
-  auto dir = std::filesystem::temp_directory_path() / (stem + "-" + std::to_string(getpid()) + "-" + std::to_string(rd()));
-  std::filesystem::create_directories(dir);
-  return dir;
-}
 
 inline SocatPair::SocatPair(const std::filesystem::path& dir, const std::string& name)
     : a_(dir / (name + "-a")), b_(dir / (name + "-b")) {
