@@ -15,9 +15,9 @@
 #include <algorithm>
 #include <cctype>
 
-#include "chart/areadatabase.h"
 #include "core/format.h"
 #include "forms/messages.h"
+#include "store/areadatabase.h"
 
 namespace kelvane::forms {
 namespace {

@@ -1,6 +1,6 @@
 #include "streams/diamond.h"
 
-#include "chart/areadatabase.h"
+#include "store/areadatabase.h"
 
 namespace kelvane {
 namespace {

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "chart/areadatabase.h"
+#include "store/areadatabase.h"
 #include "test_folder.h"
 
 namespace kelvane {

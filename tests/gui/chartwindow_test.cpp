@@ -22,13 +22,13 @@
 #include "app/mainwindow.h"
 #include "app/mainwindow_instruments.h"
 #include "app/mainwindow_layers.h"
+#include "chart/chartmodes.h"
 #include "cli/cli_test.h"
 #include "core/recordio.h"
 #include "forms/frmAisDetails.h"
 #include "forms/frmOutlineEdit.h"
 #include "forms/frmloadchart.h"
 #include "gui_support.h"
-#include "passage/chartinteraction.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

@@ -14,7 +14,6 @@
 #include <QRadioButton>
 
 #include "app/mainwindow.h"
-#include "chart/areadatabase.h"
 #include "core/recordio.h"
 #include "core/settings.h"
 #include "forms/frmcogexport.h"
@@ -24,6 +23,7 @@
 #include "gui_support.h"
 #include "routes/gpxwrite.h"
 #include "routes/legacy.h"
+#include "store/areadatabase.h"
 #include "support/tempdir.h"
 
 using namespace kelvane;

@@ -17,11 +17,11 @@
 #include "app/chartinteraction.h"
 #include "app/chartpane.h"
 #include "app/mainwindow.h"
+#include "chart/chartmodes.h"
 #include "core/format.h"
 #include "core/positions.h"
 #include "forms/frmMouseInput.h"
 #include "gui_support.h"
-#include "passage/chartinteraction.h"
 
 using namespace kelvane;
 using namespace kelvane::test;

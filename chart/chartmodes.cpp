@@ -1,10 +1,9 @@
-#include "passage/chartinteraction.h"
+#include "chart/chartmodes.h"
 
 #include <cmath>
 
 #include "core/format.h"
 #include "core/positions.h"
-#include "core/timetext.h"
 #include "core/windowtext.h"
 #include "passage/routecalc.h"
 
@@ -43,90 +42,6 @@ IssueMonthYear IssueDateMonthYear(float issueDate) {
   int month = static_cast<int>(mp < 10 ? mp + 3 : mp - 9);
   int year = static_cast<int>(yoe + era * 400 + (month <= 2 ? 1 : 0));
   return IssueMonthYear{month, year};
-}
-
-NearestPoint NearestWaypoint(const std::vector<Waypoint>& withBlank, float lat, float lon) {
-  NearestPoint best;
-  const int n = static_cast<int>(Count(withBlank));
-  for (int i = 0; i < n; ++i) {
-    float range = RangeBearing(lat, lon, withBlank[static_cast<std::size_t>(i)].Lat,
-                               withBlank[static_cast<std::size_t>(i)].Lon).range;
-    if (range < best.range) {
-      best.range = range;
-      best.index = i;
-    }
-  }
-  return best;
-}
-
-NearestPoint NearestRoutePoint(const PassageState& passage, float lat, float lon) {
-  NearestPoint best;
-  for (int i = 1; i <= RouteCount(passage); ++i) {
-    const RoutePoint& p = passage.Route[static_cast<std::size_t>(i)];
-    float range = RangeBearing(lat, lon, p.Lat, p.Lon).range;
-    if (range < best.range) {
-      best.range = range;
-      best.index = i;
-    }
-  }
-  return best;
-}
-
-int NearestLeg(const PassageState& passage, float lat, float lon) {
-  int leg = 0;
-  float bestDetour = 0;
-  for (int i = 1; i < RouteCount(passage); ++i) {
-    const RoutePoint& a = passage.Route[static_cast<std::size_t>(i)];
-    const RoutePoint& b = passage.Route[static_cast<std::size_t>(i + 1)];
-    float detour = RangeBearing(a.Lat, a.Lon, lat, lon).range + RangeBearing(lat, lon, b.Lat, b.Lon).range -
-                   RangeBearing(a.Lat, a.Lon, b.Lat, b.Lon).range;
-    if (leg == 0 || detour < bestDetour) {
-      leg = i;
-      bestDetour = detour;
-    }
-  }
-  return leg;
-}
-
-void ClearLegResults(PassageState& passage) {
-  for (std::size_t i = 1; i < passage.Route.size(); ++i) {
-    RoutePoint& p = passage.Route[i];
-    p.CourseToSteer = 0;
-    p.LegTime = 0;
-    p.DriftCount = 0;
-    p.DriftTrack.clear();
-    p.TrackA.clear();
-    p.TrackB.clear();
-  }
-  ClearRouteResults(passage);
-}
-
-std::vector<std::string> TrackingTexts(const PassageState& passage, float lat, float lon, float timeNow) {
-  const int legs = RouteCount(passage) - 1;
-  if (legs < 1 || passage.RouteCog.size() < 2) return {};
-  const int leg = NearestLeg(passage, lat, lon);
-  const RoutePoint& a = passage.Route[static_cast<std::size_t>(leg)];
-  const RoutePoint& b = passage.Route[static_cast<std::size_t>(leg + 1)];
-  RangeAndBearing toBoat = RangeBearing(a.Lat, a.Lon, lat, lon);
-  RangeAndBearing legLine = RangeBearing(a.Lat, a.Lon, b.Lat, b.Lon);
-  float crossTrack = static_cast<float>(
-      std::fabs(toBoat.range * std::sin(DegToRad(static_cast<double>(toBoat.bearing) - legLine.bearing))));
-  std::size_t nearest = 0;
-  float offLine = 25000;
-  for (std::size_t i = 0; i < passage.RouteCog.size(); ++i) {
-    float r = RangeBearing(lat, lon, passage.RouteCog[i].Lat, passage.RouteCog[i].Lon).range;
-    if (r < offLine) {
-      offLine = r;
-      nearest = i;
-    }
-  }
-  // The plan had the boat at the nearest track point at its time: the
-  // difference is carried to the planned arrival.
-  float late = timeNow - passage.RouteCog[nearest].Time;
-  float eta = std::fmod(passage.RouteCog.back().Time + late, 24.0f);
-  if (eta < 0) eta += 24.0f;
-  return {"ETA : " + HoursToClock(eta), " Cross Track Error : " + FormatNumber(crossTrack, "0.00 nm"),
-          " Off Line : " + FormatNumber(offLine, "0.00 nm")};
 }
 
 int NearestWithinCircle(const std::vector<Position>& points, float lat, float lon, float circle) {
@@ -566,103 +481,6 @@ InteractionOutcome ChartInteraction::MarkNearest() {
   out.modeChanged = true;
   out.redraw = true;
   return out;
-}
-
-KeyOutcome ChartInteraction::KeyDown(int key, bool shift, const KeyContext& context) {
-  (void)shift;  // "=" with Shift is still "I"; the view keys read Shift themselves
-  KeyOutcome k;
-  auto menu = [&](const char* name) {
-    k.command = KeyCommand::Menu;
-    k.menu = name;
-  };
-  switch (key) {
-    case vk::Equals:
-    case vk::Minus:
-    case vk::PageUp:
-    case vk::Up:
-    case 'U':
-    case vk::PageDown:
-    case vk::Down:
-    case 'D':
-    case vk::Left:
-    case 'L':
-    case vk::Right:
-    case 'R':
-    case vk::Home:
-    case 'I':
-    case 'O': k.command = KeyCommand::Viewer; return k;
-    case vk::Back: k.effects = RemoveLastPoint(); return k;
-    case vk::Return:
-      k.command = KeyCommand::Redraw;
-      k.effects.redraw = true;
-      return k;
-    case vk::Escape:
-      if (context.animating) {
-        k.effects.endAnimation = true;
-        return k;
-      }
-      k.effects = ClearRoute();
-      k.effects.timesBackToNow = k.effects.routeChanged;
-      return k;
-    case vk::Insert: {
-      // On a marked route point the new point goes in after it, in the
-      // middle of its leg; otherwise at the cursor.
-      float lat = CursorLat, lon = CursorLon;
-      if (marks_.PointMarked && marks_.MarkedKind == 2 && marks_.MarkedIndex >= 1 &&
-          marks_.MarkedIndex < RouteCount(passage_)) {
-        const RoutePoint& a = passage_.Route[static_cast<std::size_t>(marks_.MarkedIndex)];
-        const RoutePoint& b = passage_.Route[static_cast<std::size_t>(marks_.MarkedIndex + 1)];
-        lat = (a.Lat + b.Lat) / 2;
-        lon = (a.Lon + b.Lon) / 2;
-      }
-      k.effects = InsertRoutePoint(lat, lon);
-      return k;
-    }
-    case vk::Delete: k.effects = DeleteMarked(); return k;
-    case 'G': menu("mnuGPSCentre"); return k;
-    case 'M': k.effects = MarkNearest(); return k;
-    case 'N': menu("mnuDisplayWindOverRoute"); return k;
-    case 'P': menu("mnushowTideHeights"); return k;
-    case 'S':
-      if (context.streamDataLoaded) menu("mnuShowTidalStreams");
-      return k;
-    case 'T':
-      if (context.gpsValid) {
-        k.trackingText = TrackingTexts(passage_, context.gpsLat, context.gpsLon, context.timeNow);
-        if (!k.trackingText.empty()) k.command = KeyCommand::ShowTracking;
-      }
-      return k;
-    case 'W': menu("mnuShowWaypoints"); return k;
-    case vk::Apostrophe: menu("mnuWindDisplay"); return k;
-    case vk::F1: k.command = KeyCommand::Memory; return k;
-    case vk::F2:
-      if (context.aisOn) k.command = KeyCommand::AisDetails;
-      return k;
-    case vk::F8:
-      if (context.toolsMenuShown) k.command = KeyCommand::ChooseStreamFile;
-      return k;
-    case vk::F9:
-    case vk::F10:
-      k.command = KeyCommand::Brightness;
-      k.value = key == vk::F9 ? -10 : 10;
-      return k;
-    case vk::F12:
-      if (context.toolsMenuShown) k.command = KeyCommand::AppendDiamond;
-      return k;
-    default: break;
-  }
-  if (key >= '0' && key <= '9') {
-    k.command = KeyCommand::Viewer;
-    return k;
-  }
-  if (key >= vk::F3 && key <= vk::F6) {
-    if (context.aisOn) {
-      k.command = KeyCommand::AisFlag;
-      k.value = key - vk::F3 + 1;
-    }
-    return k;
-  }
-  return k;
 }
 
 // ---- menu items ---------------------------------------------------------------
