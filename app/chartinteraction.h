@@ -12,7 +12,7 @@
 #include <map>
 #include <string>
 
-#include "passage/chartinteraction.h"
+#include "chart/chartmodes.h"
 
 class QAction;
 class QComboBox;

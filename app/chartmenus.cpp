@@ -13,10 +13,10 @@
 #include "app/chartpane.h"
 #include "app/mainwindow.h"
 #include "app/mainwindow_instruments.h"
+#include "chart/chartmodes.h"
 #include "forms/frmOutlineEdit.h"
 #include "forms/frmloadchart.h"
 #include "forms/messages.h"
-#include "passage/chartinteraction.h"
 #include "streams/diamond.h"
 #include "streams/tidalstreams.h"
 

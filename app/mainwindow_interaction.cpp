@@ -6,7 +6,7 @@
 #include "app/chartinteraction.h"
 #include "app/chartpane.h"
 #include "app/mainwindow.h"
-#include "passage/chartinteraction.h"
+#include "chart/chartmodes.h"
 
 namespace kelvane::app {
 

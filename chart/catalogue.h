@@ -18,7 +18,7 @@
 #include <string_view>
 #include <vector>
 
-#include "chart/areadatabase.h"
+#include "store/areadatabase.h"
 
 namespace kelvane {
 

@@ -3,12 +3,12 @@
 #include <iostream>
 #include <sstream>
 
-#include "chart/areadatabase.h"
 #include "chart/catalogue.h"
 #include "chart/georef.h"
 #include "cli/registry.h"
 #include "core/format.h"
 #include "core/positions.h"
+#include "store/areadatabase.h"
 
 namespace kelvane::cli {
 namespace {

@@ -5,9 +5,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "chart/chartmodes.h"
 #include "core/positions.h"
 #include "forms/messages.h"
-#include "passage/chartinteraction.h"
 #include "routes/gpxwrite.h"
 
 namespace kelvane::forms {

@@ -15,10 +15,10 @@
 #include <algorithm>
 #include <cctype>
 
-#include "chart/areadatabase.h"
 #include "core/format.h"
 #include "core/text.h"
 #include "forms/messages.h"
+#include "store/areadatabase.h"
 
 namespace kelvane::forms {
 namespace {

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <span>
 
-#include "chart/areadatabase.h"
 #include "chart/catalogue.h"
+#include "store/areadatabase.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace kelvane;

@@ -14,6 +14,19 @@ void ClearRouteResults(PassageState& s) {
   s.ResultText.clear();
 }
 
+void ClearLegResults(PassageState& passage) {
+  for (std::size_t i = 1; i < passage.Route.size(); ++i) {
+    RoutePoint& p = passage.Route[i];
+    p.CourseToSteer = 0;
+    p.LegTime = 0;
+    p.DriftCount = 0;
+    p.DriftTrack.clear();
+    p.TrackA.clear();
+    p.TrackB.clear();
+  }
+  ClearRouteResults(passage);
+}
+
 std::string PassOverflowMessage() {
   return "Leg calculation stopped - more than 1500 calculation steps would be needed." "\r\n"
          "(The boat makes too little way against the stream: check the boat speed,"

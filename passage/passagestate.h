@@ -46,6 +46,8 @@ struct DriftPoint {
 
 inline constexpr int kMaxPassSteps = 1500;   // DriftChain and the pass arrays: indices 0..1500
 inline constexpr int kStoredTrackPoints = 1001;  // RoutePoint tracks: indices 0..1000
+// A route of 100 legs is the most the route's 101-slot lists hold.
+inline constexpr int kMaxRoutePoints = 101;
 
 using TrackArray = std::array<DriftPoint, kStoredTrackPoints>;
 
@@ -107,5 +109,10 @@ inline int RouteCount(const PassageState& s) { return static_cast<int>(s.Route.s
 // Clears the calculated results of a route: RouteCog, RouteStreams and
 // ResultText (what clearing the route does).
 void ClearRouteResults(PassageState& s);
+
+// Clears what a calculation left on the route points (course to steer, leg
+// time, drift track) and the route's results: a moved, added or removed
+// point makes them wrong.
+void ClearLegResults(PassageState& passage);
 
 }  // namespace kelvane

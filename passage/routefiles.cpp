@@ -2,7 +2,6 @@
 
 #include "core/format.h"
 #include "core/positions.h"
-#include "passage/chartinteraction.h"
 
 namespace kelvane {
 

@@ -1,7 +1,7 @@
 #include "streams/diamond.h"
 
-#include "chart/areadatabase.h"
 #include "core/text.h"
+#include "store/areadatabase.h"
 
 namespace kelvane {
 namespace {

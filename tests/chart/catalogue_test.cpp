@@ -214,5 +214,40 @@ TEST(SampleCharts, RoundTripWithinOnePixel) {
   }
 }
 
+// A `charts` "table" that is a recursive view never ends on its own: the
+// query is cut short by its row or work limit and says so, whether the view
+// pours out rows or grinds without yielding one.
+TEST(BadInput, EndlessChartsViewIsCutShortWithAMessage) {
+  TestFolder dir;
+  const std::string columns =
+      "SELECT i AS iD, 'Endless' AS chartName, 'E-' || i AS chartNumber, 50000 AS chartScale, 10 AS rank, "
+      "'Solent' AS TSArea, 2020 AS issueDate, 51 AS UpperLat, 0 AS UpperPixels, 50 AS LowerLat, 100 AS LowerPixels, "
+      "-2 AS LeftLon, 0 AS LeftPixels, -1 AS rightLon, 100 AS RightPixels FROM n";
+  struct Case { const char* name; std::string where; } cases[] = {
+      {"rows for ever", ""},
+      {"no row ever", " WHERE i < 0"},
+      {"sorted for ever", " ORDER BY i DESC"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    std::filesystem::path file = dir.path() / (std::string(c.name) + ".l35");
+    {
+      AreaDatabase db = AreaDatabase::Create(file);
+      ASSERT_EQ(db.Execute("DROP TABLE charts; CREATE VIEW charts AS WITH RECURSIVE n(i) AS "
+                           "(SELECT 1 UNION ALL SELECT i + 1 FROM n) " + columns + c.where),
+                "");
+    }
+    AreaDatabase db = AreaDatabase::Open(file);
+    ASSERT_TRUE(db.ok()) << db.message();
+    ChartCatalogue catalogue = ReadChartsTable(db);
+    EXPECT_TRUE(catalogue.charts.empty());
+    EXPECT_EQ(catalogue.message, "The database " + file.string() +
+                                     " did not finish the query: it yields more than 250000 rows or more work "
+                                     "than any table of charts, diamonds or wrecks needs");
+    // The connection is left fit for the next question.
+    EXPECT_EQ(db.Query("SELECT count(*) FROM sqlite_master").rows.size(), 1u);
+  }
+}
+
 }  // namespace
 }  // namespace kelvane

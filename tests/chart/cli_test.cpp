@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "chart/areadatabase.h"
+#include "store/areadatabase.h"
 #include "support/commands.h"
 #include "support/shared_testdata.h"
 #include "support/tempdir.h"

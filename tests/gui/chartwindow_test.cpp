@@ -22,11 +22,11 @@
 #include "app/mainwindow.h"
 #include "app/mainwindow_instruments.h"
 #include "app/mainwindow_layers.h"
+#include "chart/chartmodes.h"
 #include "core/recordio.h"
 #include "forms/frmAisDetails.h"
 #include "forms/frmOutlineEdit.h"
 #include "forms/frmloadchart.h"
-#include "passage/chartinteraction.h"
 #include "support/commands.h"
 #include "support/gui_support.h"
 

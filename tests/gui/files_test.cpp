@@ -14,7 +14,6 @@
 #include <QRadioButton>
 
 #include "app/mainwindow.h"
-#include "chart/areadatabase.h"
 #include "core/recordio.h"
 #include "core/settings.h"
 #include "forms/frmcogexport.h"
@@ -23,6 +22,7 @@
 #include "forms/frmtxtfileimport.h"
 #include "routes/gpxwrite.h"
 #include "routes/legacy.h"
+#include "store/areadatabase.h"
 #include "support/gui_support.h"
 #include "support/tempdir.h"
 

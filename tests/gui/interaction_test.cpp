@@ -17,10 +17,10 @@
 #include "app/chartinteraction.h"
 #include "app/chartpane.h"
 #include "app/mainwindow.h"
+#include "chart/chartmodes.h"
 #include "core/format.h"
 #include "core/positions.h"
 #include "forms/frmMouseInput.h"
-#include "passage/chartinteraction.h"
 #include "support/gui_support.h"
 
 using namespace kelvane;

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <fstream>
 
-#include "chart/areadatabase.h"
+#include "store/areadatabase.h"
 #include "streams/diamond.h"
 #include "support/tempdir.h"
 

@@ -8,7 +8,8 @@
 // label, a popup menu, a redraw, the menus to refresh. Everything the paint
 // needs is written into the ChartMarks record; the route goes into
 // PassageState.Route (points from 1) and moved or deleted waypoints into
-// GpxStore.ChartWaypoints.
+// GpxStore.ChartWaypoints. Which point or leg is nearest, and the tracking
+// texts of key "T", are the route's own arithmetic (passage/tracking.h).
 //
 // Ranges are plane-sailing nautical miles and bearings degrees true, from
 // RangeBearing. Key codes are the platform's virtual key codes, which the
@@ -26,6 +27,7 @@
 #include "chart/georef.h"
 #include "core/settings.h"
 #include "passage/passagestate.h"
+#include "passage/tracking.h"
 #include "routes/gpx.h"
 
 namespace kelvane {
@@ -36,9 +38,6 @@ inline constexpr int Back = 8, Return = 13, Escape = 27, PageUp = 33, PageDown =
                      Right = 39, Down = 40, Insert = 45, Delete = 46, F1 = 112, F2 = 113, F3 = 114, F6 = 117,
                      F8 = 119, F9 = 120, F10 = 121, F12 = 123, Equals = 187, Minus = 189, Apostrophe = 222;
 }
-
-// A route of 100 legs is the most the route's 101-slot lists hold.
-inline constexpr int kMaxRoutePoints = 101;
 
 // The messages and questions of the chart's modes.
 std::string TooFewPointsToInsertMessage();  // "You need to have entered at least 2 points - nothing done"
@@ -73,28 +72,6 @@ struct IssueMonthYear {
   int year = 0;
 };
 IssueMonthYear IssueDateMonthYear(float issueDate);
-
-// The nearest of a list of points to (lat, lon) by range: the first of
-// equal ranges wins, and the search starts from a best range of 25000, so
-// an empty list gives nothing. index counts from 0 in the list given.
-struct NearestPoint {
-  int index = -1;
-  float range = 25000;
-  bool found() const { return index >= 0; }
-};
-NearestPoint NearestWaypoint(const std::vector<Waypoint>& withBlank, float lat, float lon);
-// The same over the route points; index is the point's index in Route
-// (from 1).
-NearestPoint NearestRoutePoint(const PassageState& passage, float lat, float lon);
-// The leg (the index of its first point, from 1) that a point at (lat, lon)
-// joins with the least detour: range A-P plus P-B less A-B, the first of
-// equal detours wins. 0 when the route has no leg.
-int NearestLeg(const PassageState& passage, float lat, float lon);
-
-// Clears what a calculation left on the route points (course to steer, leg
-// time, drift track) and the route's results: a moved, added or removed
-// point makes them wrong.
-void ClearLegResults(PassageState& passage);
 
 // ---- events ---------------------------------------------------------------------
 
@@ -182,16 +159,6 @@ struct KeyContext {
   float gpsLat = 0, gpsLon = 0;
   float timeNow = 0;  // decimal hours of the working clock, for "T"
 };
-
-// Key "T": from the boat's position along a calculated route. The nearest
-// leg by range (the least detour, as NearestLeg) gives the cross track
-// error, the perpendicular distance from the leg's rhumb line; the nearest
-// point of the calculated track (RouteCog) gives the distance off that
-// line and, by the time the plan had the boat there, how late or early the
-// boat runs, which moves the planned arrival to the ETA. Texts: "ETA : "
-// with the clock, " Cross Track Error : " and " Off Line : " with "0.00 nm".
-// Empty without a calculated route of two or more points.
-std::vector<std::string> TrackingTexts(const PassageState& passage, float lat, float lon, float timeNow);
 
 // The talk with the user: a message box and a Yes/No question under a title.
 struct InteractionHooks {

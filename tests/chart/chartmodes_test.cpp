@@ -1,6 +1,6 @@
 // The chart's modes without a screen: snapping, route building and editing,
 // dividers, route drag, marks, the keyboard table and the small checks.
-#include "passage/chartinteraction.h"
+#include "chart/chartmodes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,31 +1,25 @@
 // The area databases (.l35) and the program's own databases.
 //
 // Every database the program reads is opened here and answers SQL through
-// SQLite 3. A file is recognised by its first bytes, never by its name:
-//   - "SQLite format 3" at offset 0: opened read-write as it stands;
-//   - "Standard Jet DB" at offset 4 (Jet 3 when the version byte at 0x14 is
-//     0, Jet 4 when it is 1): read through mdbtools' libmdb and every user
-//     table copied into an in-memory SQLite database, so that the same SQL
-//     text runs on files written by other programs. Such a copy is
-//     read-only in effect: nothing is written back to the Jet file.
+// SQLite 3. A file is recognised by its first bytes, never by its name
+// (store/databasekind.h): an SQLite file is opened read-write as it stands;
+// a Jet 3 or Jet 4 file is copied table by table into an in-memory SQLite
+// database (store/jetimport.h), so that the same SQL text runs on files
+// written by other programs, and nothing is written back to it.
 // Anything else, a missing file or a damaged one gives a clear message and
 // an empty result; no query on a database that failed to open throws or
 // crashes.
-//
-// Column values keep the types of the file: integers, reals (a Jet single
-// is carried as the double of its exact value), text (UTF-8), blobs, NULL.
-// Jet dates become text "YYYY-MM-DD HH:MM:SS". Names of tables and columns
-// are compared without regard to case, as the Jet provider did.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
+
+#include "store/databasekind.h"
+#include "store/dbvalue.h"
 
 struct sqlite3;
 
@@ -41,46 +35,12 @@ inline constexpr const char* kJetPasswordProperty = "Jet OLEDB:Database Password
 inline constexpr const char* kAreaDatabasePassword = "QmT7305";
 inline constexpr const char* kAreaDatabaseExtension = ".l35";
 
-enum class DatabaseKind { Missing, Unknown, SQLite, Jet3, Jet4 };
-
-// What the first bytes of a file say it is. Fewer bytes than a header are
-// Unknown; an empty span is Unknown too.
-DatabaseKind RecogniseDatabaseBytes(std::span<const std::uint8_t> header);
-// The same for a file on disk; Missing when it can't be opened for reading.
-DatabaseKind RecogniseDatabase(const std::filesystem::path& file);
-const char* DatabaseKindName(DatabaseKind kind);
-
 // ProgramFolder\Charts\<area>.l35: the path is formed with ".mdb" and that
 // extension is replaced at once, so ".mdb" is never opened.
 std::filesystem::path AreaDatabasePath(const std::filesystem::path& programFolder, std::string_view area);
 // "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=<path>": the connection as
 // the area databases name it, for messages and logs.
 std::string AreaConnectionText(const std::filesystem::path& database);
-
-using DbValue = std::variant<std::monostate, std::int64_t, double, std::string, std::vector<std::uint8_t>>;
-
-// The result of one query: column names in order and the rows. message is
-// empty on success and holds the reason otherwise (the rows are then
-// empty).
-struct QueryResult {
-  std::vector<std::string> columns;
-  std::vector<std::vector<DbValue>> rows;
-  std::string message;
-
-  bool ok() const { return message.empty(); }
-  // Index of a column by name, compared without case; -1 when absent.
-  int Column(std::string_view name) const;
-  // Field of a row by column name. An absent column or a NULL is 0 / "".
-  double Number(std::size_t row, std::string_view name) const;
-  std::int64_t Integer(std::size_t row, std::string_view name) const;
-  std::string Text(std::size_t row, std::string_view name) const;
-  bool IsNull(std::size_t row, std::string_view name) const;
-};
-
-// The number a value holds (text is read as a number, blobs and NULL are 0).
-double ValueNumber(const DbValue& value);
-// The text of a value: numbers in their plain form, NULL empty.
-std::string ValueText(const DbValue& value);
 
 class AreaDatabase {
  public:
@@ -142,12 +102,5 @@ class AreaDatabase {
 std::string CreateAreaSchema(const AreaDatabase& db);
 // The SQL that CreateAreaSchema runs, for tools that print it.
 std::string AreaSchemaSql();
-
-// The text "YYYY-MM-DD HH:MM:SS" of a Jet date (days from 1899-12-30, the
-// fraction the time of day); "" for a value no calendar can hold.
-std::string JetDateText(double value);
-
-// Quotes a name for SQL: "name" with inner quotes doubled.
-std::string QuoteIdentifier(std::string_view name);
 
 }  // namespace kelvane
