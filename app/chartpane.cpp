@@ -45,7 +45,7 @@ ChartPane::ChartPane(const Folders& folders, SettingsRecord& settings, QWidget* 
     showMessage(ChartFileErrorText(settings_.ChartsFolder, settings_.ChartPath));
     // Only the chart choice goes back to the sample chart: the rest of the
     // user's settings stay as the file holds them. The program ends next,
-    // so a file that cannot be written goes untold, as before.
+    // so a file that cannot be written goes untold.
     (void)UpdateSettings(folders_.SettingsFile(), settings_,
                          [this](SettingsRecord& r) { SetFactoryChart(r, folders_); });
     if (endProgram) endProgram();
