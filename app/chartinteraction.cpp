@@ -22,6 +22,7 @@
 #include "forms/frmMouseInput.h"
 #include "forms/messages.h"
 #include "routes/gpxwrite.h"
+#include "state/settingsroad.h"
 
 namespace kelvane::app {
 namespace {
@@ -168,12 +169,10 @@ void ChartInteractionController::BuildMenus() {
   if (QAction* a = connectAction("mnuMouseWayPoint", [this] { mnuMouseWayPoint(); })) a->setEnabled(true);
   if (QAction* a = connectAction("mnuConfigMouseAttached", [this] {
         // The switch is written to the settings file at once.
-        SettingsRecord& s = window_.State().settings;
         const bool attached = !window_.State().marks.MouseAttached;
-        const auto file = window_.State().folders.SettingsFile();
-        s = ReadSettings(file);
-        s.MouseAttached = attached ? -1 : 0;
-        if (!WriteSettings(file, s)) window_.showMessage("Unable to save settings to " + file.string());
+        const std::string m =
+            UpdateSettings(window_.State(), [attached](SettingsRecord& r) { r.MouseAttached = attached ? -1 : 0; });
+        if (!m.empty()) window_.showMessage(m);
         Apply(machine_.SetMouseAttached(attached));
       }))
     a->setEnabled(true);

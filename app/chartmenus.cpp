@@ -17,6 +17,7 @@
 #include "forms/frmOutlineEdit.h"
 #include "forms/frmloadchart.h"
 #include "forms/messages.h"
+#include "state/settingsroad.h"
 #include "streams/diamond.h"
 #include "streams/tidalstreams.h"
 
@@ -86,11 +87,9 @@ void ChartMenus::ConnectToolbar() {
 
 void ChartMenus::mnuGPSCentre_Click() {
   ProgramState& state = window_.State();
-  const std::filesystem::path file = state.folders.SettingsFile();
   const bool on = state.settings.GPSCentre == 0;
-  state.settings = ReadSettings(file);
-  state.settings.GPSCentre = on ? -1 : 0;
-  if (!WriteSettings(file, state.settings)) window_.showMessage("Unable to save settings to " + file.string());
+  if (const std::string m = UpdateSettings(state, [on](SettingsRecord& r) { r.GPSCentre = on ? -1 : 0; }); !m.empty())
+    window_.showMessage(m);
   if (QAction* a = window_.Action("mnuGPSCentre")) a->setChecked(on);
   if (InstrumentsController* instruments = window_.Instruments()) {
     // The polling loop follows the boat from its next display pass; with a

@@ -16,6 +16,7 @@
 #include "core/text.h"
 #include "forms/formsupport.h"
 #include "forms/frmloadchart.h"
+#include "state/settingsroad.h"
 
 namespace kelvane::app {
 
@@ -35,10 +36,10 @@ ChartPane::ChartPane(const Folders& folders, SettingsRecord& settings, QWidget* 
   onChartFileError = [this] {
     showMessage(ChartFileErrorText(settings_.ChartsFolder, settings_.ChartPath));
     // Only the chart choice goes back to the sample chart: the rest of the
-    // user's settings stay as the file holds them.
-    SettingsRecord record = ReadSettings(folders_.SettingsFile());
-    SetFactoryChart(record, folders_);
-    WriteSettings(folders_.SettingsFile(), record);
+    // user's settings stay as the file holds them. The program ends next,
+    // so a file that cannot be written goes untold.
+    (void)UpdateSettings(folders_.SettingsFile(), settings_,
+                         [this](SettingsRecord& r) { SetFactoryChart(r, folders_); });
     if (endProgram) endProgram();
   };
   endProgram = [] { QCoreApplication::exit(0); };
@@ -160,9 +161,14 @@ void ChartPane::LoadChart() {
   emit ChartChanged();
 }
 
-void ChartPane::WriteSettingsFile() {
-  if (!WriteSettings(folders_.SettingsFile(), settings_))
-    showMessage("Unable to save settings to " + folders_.SettingsFile().string());
+void ChartPane::WriteChartChoice(const ChartChoice& choice, const std::string& area) {
+  const std::string m = UpdateSettings(folders_.SettingsFile(), settings_, [&](SettingsRecord& r) {
+    r.ChartSet = area;
+    r.ChartPath = choice.ChartPath;
+    r.ChartFile = choice.ChartFile;
+    r.ChartDescription = choice.ChartDescription;
+  });
+  if (!m.empty()) showMessage(m);
 }
 
 // ---- the ladder of detail ------------------------------------------------------
@@ -176,10 +182,7 @@ bool ChartPane::SwitchTo(std::optional<std::size_t> index, bool previous) {
     return ViewRect{r.left(), r.top(), r.width(), r.height()};
   }());
   const ChartChoice choice = ChoiceOfChart(folders_.DataRoot(), chosen);
-  settings_.ChartPath = choice.ChartPath;
-  settings_.ChartFile = choice.ChartFile;
-  settings_.ChartDescription = choice.ChartDescription;
-  WriteSettingsFile();
+  WriteChartChoice(choice, settings_.ChartSet);
   SelectChartGeometry(geometry_, chosen);
   paintBlocked_ = true;
   if (DrawChart()) {
@@ -401,7 +404,10 @@ bool ChartPane::SelectChartVisually() {
     form.exec();
   }
   const ChooserFollowUp next = AfterChartChooser(form.ChartAccepted());
-  if (next.writeSettings) WriteSettingsFile();
+  // The chooser left its choice in the record the program holds.
+  if (next.writeSettings)
+    WriteChartChoice(ChartChoice{settings_.ChartPath, settings_.ChartFile, settings_.ChartDescription},
+                     settings_.ChartSet);
   if (!next.loadChart) return false;
   ReadCatalogue();
   DrawChart();

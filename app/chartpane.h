@@ -126,7 +126,8 @@ class ChartPane : public QWidget {
   void OnPaint(QPainter& painter);
   void OnMouseMove(QMouseEvent* event);
   void OnKey(QKeyEvent* event);
-  void WriteSettingsFile();
+  // The chart in use and its area, into the settings file at once.
+  void WriteChartChoice(const ChartChoice& choice, const std::string& area);
   void ApplyZoom(float zoom);
   void RestoreView(const std::optional<ViewRect>& saved);
   ViewState CurrentViewState() const;

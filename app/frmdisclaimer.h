@@ -7,8 +7,8 @@
 #include <functional>
 #include <memory>
 
-#include "app/programstate.h"
 #include "forms/formsupport.h"
+#include "state/programstate.h"
 
 class QListWidget;
 class QPushButton;

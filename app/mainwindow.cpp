@@ -12,11 +12,12 @@
 #include "app/mainmenus.h"
 #include "app/mainwindow_instruments.h"
 #include "app/mainwindow_layers.h"
-#include "cli/startup_hooks.h"
 #include "core/settings.h"
 #include "forms/frmconfigure.h"
 #include "forms/frmtimdat.h"
 #include "passage/routeform.h"
+#include "state/settingsroad.h"
+#include "state/startuphooks.h"
 
 namespace kelvane::app {
 
@@ -155,25 +156,22 @@ void FrmChart::UpdateStatusBar() {
 // ---- menus ---------------------------------------------------------------
 
 void FrmChart::ToggleSetting(const std::string& action) {
-  // A layer switch flips its field, reads the record, sets the field again
-  // and writes the whole record at once.
-  SettingsRecord& s = state_.settings;
-  const std::filesystem::path file = state_.folders.SettingsFile();
+  // A layer switch flips its field and writes the change to the settings
+  // file at once.
+  const SettingsRecord& s = state_.settings;
+  SettingsChange change = [](SettingsRecord&) {};
   if (action == "mnuShowToolBar") {
-    std::int16_t v = s.ShowToolBar != 0 ? 0 : -1;
-    s = ReadSettings(file);
-    s.ShowToolBar = v;
+    const std::int16_t v = s.ShowToolBar != 0 ? 0 : -1;
+    change = [v](SettingsRecord& r) { r.ShowToolBar = v; };
     toolBar_->setVisible(v != 0);
   } else if (action == "mnuViewChartBoundaries") {
-    std::int16_t v = s.ShowChartBoundaries != 0 ? 0 : -1;
-    s = ReadSettings(file);
-    s.ShowChartBoundaries = v;
+    const std::int16_t v = s.ShowChartBoundaries != 0 ? 0 : -1;
+    change = [v](SettingsRecord& r) { r.ShowChartBoundaries = v; };
   } else if (action == "mnuShowTidalStreams") {
-    float v = s.ShowTidalStreams != 0 ? 0.0f : 1.0f;
-    s = ReadSettings(file);
-    s.ShowTidalStreams = v;
+    const float v = s.ShowTidalStreams != 0 ? 0.0f : 1.0f;
+    change = [v](SettingsRecord& r) { r.ShowTidalStreams = v; };
   }
-  if (!WriteSettings(file, s)) showMessage("Unable to save settings to " + file.string());
+  if (const std::string m = UpdateSettings(state_, change); !m.empty()) showMessage(m);
   Redraw();
 }
 

@@ -11,9 +11,9 @@
 #include <memory>
 #include <string>
 
-#include "app/programstate.h"
 #include "core/windowtext.h"
 #include "forms/formsupport.h"
+#include "state/programstate.h"
 
 class QLabel;
 class QPainter;

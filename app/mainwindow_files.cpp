@@ -17,6 +17,7 @@
 #include "routes/exports.h"
 #include "routes/gpxwrite.h"
 #include "routes/waypointfiles.h"
+#include "state/settingsroad.h"
 
 namespace kelvane::app {
 
@@ -102,12 +103,11 @@ void FrmChart::mnuFilWayLoad_Click() {
 void FrmChart::UseWaypointFile(const std::filesystem::path& file) {
   // The file is kept by its name when it lies in the folder the settings
   // name, by its full path otherwise.
-  SettingsRecord s = ReadSettings(state_.folders.SettingsFile());
-  SettingsRecord probe = s;
+  SettingsRecord probe = state_.settings;
   probe.WaypointFile = file.filename().string();
-  s.WaypointFile = WaypointFilePath(probe, state_.folders) == file ? file.filename().string() : file.string();
-  state_.settings.WaypointFile = s.WaypointFile;
-  if (!WriteSettings(state_.folders.SettingsFile(), s)) showMessage(kConfigurationNotSaved);
+  const std::string kept = WaypointFilePath(probe, state_.folders) == file ? file.filename().string() : file.string();
+  if (!UpdateSettings(state_, [&kept](SettingsRecord& r) { r.WaypointFile = kept; }).empty())
+    showMessage(kConfigurationNotSaved);
   LoadChartWaypoints(WaypointFilePath(state_.settings, state_.folders), state_.waypoints);
   UpdateStatusBar();
   Redraw();

@@ -18,6 +18,7 @@
 #include "app/chartpane.h"
 #include "app/mainwindow_layers.h"
 #include "instruments/comms_forms.h"
+#include "state/settingsroad.h"
 
 namespace kelvane::app {
 
@@ -74,11 +75,11 @@ void InstrumentsController::ConnectMenus() {
   // and the record is written at once.
   auto aisSwitch = [this, &enable](const char* name, std::int16_t SettingsRecord::*field, TargetFlag flag) {
     enable(name, [this, field, flag] {
-      SettingsRecord& s = chart_.State().settings;
-      s.*field = s.*field != 0 ? 0 : -1;
-      SetTargetFlags(state_.targets, flag, s.*field);
+      const std::int16_t on = chart_.State().settings.*field != 0 ? 0 : -1;
+      const std::string m = UpdateSettings(chart_.State(), [field, on](SettingsRecord& r) { r.*field = on; });
+      SetTargetFlags(state_.targets, flag, on);
       TakeTableSettings();
-      SaveSettings();
+      if (!m.empty()) chart_.showMessage(m);
       SyncAISMenus();
       emit chart_.RedrawRequested();
     });
@@ -171,10 +172,6 @@ void InstrumentsController::TakeTableSettings() {
   t.AISHeadingVector = s.AISHeadingVector;
   // Keeping the boat in view is switched from the chart at any time.
   comms_.GPSCentre = s.GPSCentre;
-}
-
-void InstrumentsController::SaveSettings() {
-  WriteSettings(chart_.State().folders.SettingsFile(), chart_.State().settings);
 }
 
 void InstrumentsController::UpdateMenus() {

@@ -79,7 +79,6 @@ class InstrumentsController : public QObject {
   void SyncAISMenus();
   void ShowAISCount();
   void SyncTimers();
-  void SaveSettings();
   void UpdateMenus();
   CommsHooks Hooks();
   // Closes the attached ports around a port dialog and reopens them after.

@@ -15,6 +15,7 @@
 #include "app/mainwindow_layers.h"
 #include "chart/layerswitches.h"
 #include "core/timetext.h"
+#include "state/settingsroad.h"
 #include "streams/tideroll.h"
 
 namespace kelvane::app {
@@ -117,12 +118,10 @@ void FrmChart::PaintOverlays(QPainter& painter) {
 void FrmChart::ToggleLayer(const std::string& action) {
   const LayerSwitch* sw = FindLayerSwitch(action);
   if (!sw) return;
-  // Flip the field, read the record, set the field again, write it whole.
+  // Flip the field and write the change at once.
   const bool on = !sw->isOn(state_.settings);
-  const std::filesystem::path file = state_.folders.SettingsFile();
-  state_.settings = ReadSettings(file);
-  sw->set(state_.settings, on);
-  if (!WriteSettings(file, state_.settings)) showMessage("Unable to save settings to " + file.string());
+  if (const std::string m = UpdateSettings(state_, [sw, on](SettingsRecord& r) { sw->set(r, on); }); !m.empty())
+    showMessage(m);
   Redraw();
 }
 

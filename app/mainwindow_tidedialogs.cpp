@@ -1,14 +1,15 @@
 // The tide menu's two small dialogs: the area file of the tide window
-// (ProgramFolder/TS/*.hc) and its port. Each dialog writes its choice to
-// the settings file itself; the window then takes the fields the dialog
-// owns into the record it holds, so that the next form and the tide window
-// see the same area and port as the file.
+// (ProgramFolder/TS/*.hc) and its port. Each dialog's choice goes down the
+// program's road of settings changes, into the settings file and the
+// record the window holds at once, so that the next form and the tide
+// window see the same area and port as the file.
 #include <QAction>
 
 #include "app/mainwindow.h"
 #include "core/settings.h"
 #include "forms/frmPortName.h"
 #include "forms/frmTidesSeaArea.h"
+#include "state/settingsroad.h"
 #include "tides/portselect.h"
 
 namespace kelvane::app {
@@ -23,20 +24,20 @@ void FrmChart::ConnectTideDialogs() {
 }
 
 void FrmChart::mnuArea_Click() {
-  const std::filesystem::path file = state_.folders.SettingsFile();
-  forms::frmTidesSeaArea form(state_.folders.DataRoot() / "TS", file, this);
-  if (form.exec() != QDialog::Accepted) return;
-  state_.settings.HarmonicFile = ReadSettings(file).HarmonicFile;
+  forms::frmTidesSeaArea form(state_.folders.DataRoot() / "TS", state_.folders.SettingsFile(), this);
+  form.storeChoice = [this](const SettingsChange& change) {
+    if (const std::string m = UpdateSettings(state_, change); !m.empty()) showMessage(m);
+  };
+  form.exec();
 }
 
 void FrmChart::mnuPortList_Click() {
-  const std::filesystem::path file = state_.folders.SettingsFile();
-  forms::frmPortName form(AreaFilePath(state_.folders.DataRoot(), state_.settings.HarmonicFile), file,
-                          state_.settings.PortIndex, this);
-  if (form.exec() != QDialog::Accepted || form.ChosenPort() < 1) return;
-  const SettingsRecord stored = ReadSettings(file);
-  state_.settings.PortIndex = stored.PortIndex;
-  state_.settings.Port = stored.Port;
+  forms::frmPortName form(AreaFilePath(state_.folders.DataRoot(), state_.settings.HarmonicFile),
+                          state_.folders.SettingsFile(), state_.settings.PortIndex, this);
+  form.storeChoice = [this](const SettingsChange& change) {
+    if (const std::string m = UpdateSettings(state_, change); !m.empty()) showMessage(m);
+  };
+  form.exec();
 }
 
 }  // namespace kelvane::app

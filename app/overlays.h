@@ -19,7 +19,7 @@
 #include <string>
 #include <vector>
 
-#include "app/programstate.h"
+#include "state/programstate.h"
 #include "chart/catalogue.h"
 #include "chart/georef.h"
 #include "chart/overlaygeometry.h"

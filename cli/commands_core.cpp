@@ -2,9 +2,9 @@
 #include <iostream>
 
 #include "cli/registry.h"
-#include "cli/startup_hooks.h"
 #include "core/datatree.h"
 #include "core/settings.h"
+#include "state/startuphooks.h"
 
 namespace kelvane::cli {
 namespace {

@@ -1,4 +1,7 @@
 // stream, route: the stream lookup and the route calculation, headless.
+// Both work from the program's state made with the user's settings file of
+// the data tree, as the window's does, so that a route gives the same
+// passage here as in the window; the options override single settings.
 #include <cmath>
 #include <cstdio>
 #include <iostream>
@@ -11,6 +14,9 @@
 #include "core/timetext.h"
 #include "passage/routecalc.h"
 #include "routes/gpx.h"
+#include "state/areaday.h"
+#include "state/programstate.h"
+#include "state/settingsroad.h"
 #include "streams/tidalstreams.h"
 
 namespace kelvane::cli {
@@ -26,24 +32,15 @@ float PositionValue(const std::string& text, bool latitude) {
   return static_cast<float>(TextValue(text));
 }
 
-struct Area {
-  TideState tides;
-  StreamState streams;
-  StreamContext ctx;
-};
-
-// Loads the area's diamonds and the tides of the day; "" or the message.
-std::string LoadArea(const Context& cli, Area& area, const std::string& name, const Moment& at, bool summer) {
-  area.ctx.tides = &area.tides;
-  area.ctx.streams = &area.streams;
-  area.ctx.programFolder = cli.folders().DataRoot();
-  area.ctx.summerTime = summer;
-  std::string message = LoadAreaDiamonds(area.ctx, name);
-  if (!message.empty()) return message;
-  message = ReloadTides(area.ctx, at.day, at.year);
-  if (!message.empty()) return message;
-  UpdatePortStates(area.ctx, true, at.hours);
-  return "";
+// The state a command works from: the user's settings of the data tree,
+// as the window holds them, and the moment given.
+ProgramState MomentState(const Context& cli, const SettingsInUse& settings, const Moment& at, bool summer) {
+  ProgramState state = CommandState(cli.folders(), settings);
+  if (summer) state.settings.SummerTime = -1;
+  state.moment.WorkingDay = at.day;
+  state.moment.WorkingYear = at.year;
+  state.moment.WorkingTime = at.hours;
+  return state;
 }
 
 struct StreamOptions {
@@ -57,13 +54,14 @@ int Stream(const Context& cli, const StreamOptions& o) {
     std::cerr << "Give the moment as \"YYYY-MM-DD HH:MM\"\n";
     return 2;
   }
-  Area area;
-  if (std::string m = LoadArea(cli, area, o.area, *at, o.summer); !m.empty()) {
+  ProgramState state = MomentState(cli, ReadSettingsInUse(cli.folders()), *at, o.summer);
+  if (std::string m = LoadAreaForDay(state, o.area, at->day, at->year, at->hours); !m.empty()) {
     std::cerr << m << "\n";
     return 1;
   }
+  StreamContext ctx = state.Streams();
   StreamAnswer answer{0.0f, 0.0f, 0, "NONE"};
-  const std::string message = TidalStreamAt(area.ctx, PositionValue(o.lat, true), PositionValue(o.lon, false),
+  const std::string message = TidalStreamAt(ctx, PositionValue(o.lat, true), PositionValue(o.lon, false),
                                             at->hours, at->day, at->year, answer);
   if (!message.empty()) std::cerr << message << "\n";
   std::cout << "Rate = " << NumberText(answer.Rate) << " kn, Direction = " << NumberText(answer.Direction)
@@ -72,7 +70,8 @@ int Stream(const Context& cli, const StreamOptions& o) {
 }
 
 struct RouteOptions {
-  std::string file, route, area, depart, variation, tack;
+  std::string file, route, area, depart, tack;
+  std::optional<std::string> variation;
   std::optional<float> speed, interval, leeway;
   bool details = false, summer = false;
 };
@@ -97,12 +96,7 @@ float VariationValue(const std::string& text) {
   return text.find_first_of("Ww-") != std::string::npos ? -value : value;
 }
 
-int Route(const Context& cli, const RouteOptions& o) {
-  const auto at = ParseDateTime(o.depart);
-  if (!at) {
-    std::cerr << "Give the departure as \"YYYY-MM-DD HH:MM\"\n";
-    return 2;
-  }
+int CalculateRouteFile(const Context& cli, const RouteOptions& o, const SettingsInUse& settings, const Moment& at) {
   GpxStore store;
   GpxReadStatus status;
   ReadGpxFile(o.file, store, &status);
@@ -119,8 +113,9 @@ int Route(const Context& cli, const RouteOptions& o) {
     return 1;
   }
 
-  const SettingsRecord defaults = DefaultSettings(cli.folders());
-  PassageState passage;
+  ProgramState state = MomentState(cli, settings, at, o.summer);
+  const SettingsRecord& s = state.settings;
+  PassageState& passage = state.passage;
   for (const RouteFilePoint& p : *points) {
     RoutePoint r;
     r.Lat = p.Lat;
@@ -128,42 +123,56 @@ int Route(const Context& cli, const RouteOptions& o) {
     r.Name = p.Name;
     r.LatText = LatToText(p.Lat);
     r.LonText = LonToText(p.Lon);
-    r.Speed = PointSpeed(p.Desc).value_or(o.speed.value_or(defaults.VesselSpeed));
+    r.Speed = PointSpeed(p.Desc).value_or(o.speed.value_or(s.VesselSpeed));
     if (o.tack == "port") r.Tack = 1;
     if (o.tack == "starboard") r.Tack = 2;
     passage.Route.push_back(r);
   }
 
-  Area area;
-  if (std::string m = LoadArea(cli, area, o.area, *at, o.summer); !m.empty()) {
+  if (std::string m = LoadAreaForDay(state, o.area, at.day, at.year, at.hours); !m.empty()) {
     std::cerr << m << "\n";
     return 1;
   }
+  // What the window's route form takes from the settings when the command
+  // line does not say otherwise.
   RouteCalcInput in;
-  in.DepartureText = at->clock;
-  in.Day = at->day;
-  in.Year = at->year;
-  in.WorkingTime = at->hours;
-  in.CalcInterval = o.interval.value_or(defaults.CalcInterval);
-  in.AcceptableError = defaults.AcceptableError;
-  in.Variation = VariationValue(o.variation);
-  if (o.leeway) {
-    in.LeewaySwitch = true;
-    in.Leeway = *o.leeway;
-    in.LeewayText = NumberText(*o.leeway);
-  }
+  in.DepartureText = at.clock;
+  in.Day = at.day;
+  in.Year = at.year;
+  in.WorkingTime = at.hours;
+  in.CalcInterval = o.interval.value_or(s.CalcInterval);
+  in.AcceptableError = s.AcceptableError;
+  in.Variation = o.variation ? VariationValue(*o.variation) : s.Variation;
+  in.LeewaySwitch = o.leeway ? true : s.UseLeeway != 0;
+  in.Leeway = o.leeway.value_or(s.Leeway);
+  in.LeewayText = NumberText(in.Leeway);
   RouteCalcHooks hooks;
   hooks.askYesNo = [](const std::string& question) {
     std::cerr << question << "\n-> Yes\n";
     return true;
   };
-  const RouteCalcOutcome outcome = CalculateRoute(area.ctx, passage, in, hooks);
+  StreamContext ctx = state.Streams();
+  const RouteCalcOutcome outcome = CalculateRoute(ctx, passage, in, hooks);
   for (const RouteMessage& m : outcome.messages) std::cerr << m.text << "\n";
   if (!outcome.completed) return 1;
   for (const std::string& line : passage.ResultText) std::cout << line << "\n";
   if (o.details)
     for (const std::string& line : TidalDetailsLines(passage, true, true)) std::cout << line << "\n";
   return 0;
+}
+
+int Route(const Context& cli, const RouteOptions& o) {
+  const auto at = ParseDateTime(o.depart);
+  if (!at) {
+    std::cerr << "Give the departure as \"YYYY-MM-DD HH:MM\"\n";
+    return 2;
+  }
+  const SettingsInUse settings = ReadSettingsInUse(cli.folders());
+  const int status = CalculateRouteFile(cli, o, settings, *at);
+  // Which settings gave these numbers, after the report.
+  std::cout.flush();
+  std::cerr << SettingsInUseLine(settings) << "\n";
+  return status;
 }
 
 Registrar passageCommands([](CLI::App& app, Context& ctx) {
@@ -173,7 +182,7 @@ Registrar passageCommands([](CLI::App& app, Context& ctx) {
   stream->add_option("--lat", so->lat, "Latitude, decimal degrees or DD.MM.mmN")->required();
   stream->add_option("--lon", so->lon, "Longitude, decimal degrees or DDD.MM.mmE")->required();
   stream->add_option("--at", so->at, "\"YYYY-MM-DD HH:MM\", the ports' zone time")->required();
-  stream->add_flag("--summer", so->summer, "Summer time: the tides an hour later");
+  stream->add_flag("--summer", so->summer, "Summer time: the tides an hour later (default: the settings' SummerTime)");
   stream->callback([&ctx, so] { ctx.exitCode = Stream(ctx, *so); });
 
   auto ro = std::make_shared<RouteOptions>();
@@ -182,14 +191,14 @@ Registrar passageCommands([](CLI::App& app, Context& ctx) {
   route->add_option("--route", ro->route, "Name of the route in the file (default: the first)");
   route->add_option("--area", ro->area, "Area: the name of Charts/<area>.l35 in the data root")->required();
   route->add_option("--depart", ro->depart, "\"YYYY-MM-DD HH:MM\"")->required();
-  route->add_option("--speed", ro->speed, "Boat speed, knots, for legs whose point carries none (default VesselSpeed)");
-  route->add_option("--interval", ro->interval, "CalcInterval, minutes (default 5)");
-  route->add_option("--variation", ro->variation, "Variation, degrees with E or W (\"2W\")");
-  route->add_option("--leeway", ro->leeway, "Leeway, degrees: switches leeway on");
+  route->add_option("--speed", ro->speed, "Boat speed, knots, for legs whose point carries none (default: the settings' VesselSpeed)");
+  route->add_option("--interval", ro->interval, "CalcInterval, minutes (default: the settings')");
+  route->add_option("--variation", ro->variation, "Variation, degrees with E or W (\"2W\"; default: the settings')");
+  route->add_option("--leeway", ro->leeway, "Leeway, degrees: switches leeway on (default: the settings' UseLeeway, Leeway)");
   route->add_option("--tack", ro->tack, "port or starboard: the tack of every leg")
       ->check(CLI::IsMember({"port", "starboard"}));
   route->add_flag("--details", ro->details, "Add the tidal-details table");
-  route->add_flag("--summer", ro->summer, "Summer time: the tides an hour later");
+  route->add_flag("--summer", ro->summer, "Summer time: the tides an hour later (default: the settings' SummerTime)");
   route->callback([&ctx, ro] { ctx.exitCode = Route(ctx, *ro); });
 });
 

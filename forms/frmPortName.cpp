@@ -45,7 +45,13 @@ void frmPortName::Choose(int row) {
 }
 
 void frmPortName::OnOK() {
-  if (chosen_ >= 1) StorePortChoice(settingsFile_, chosen_, lines_[static_cast<std::size_t>(chosen_ - 1)].name);
+  if (chosen_ >= 1) {
+    const std::string name = lines_[static_cast<std::size_t>(chosen_ - 1)].name;
+    if (storeChoice)
+      storeChoice([this, &name](SettingsRecord& r) { SetPortChoice(r, chosen_, name); });
+    else
+      StorePortChoice(settingsFile_, chosen_, name);
+  }
   accept();
 }
 

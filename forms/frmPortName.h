@@ -7,6 +7,7 @@
 
 #include <QDialog>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,10 @@ class frmPortName : public QDialog {
   QLabel* portconfigbox = nullptr;
   QLabel* confportnolabel = nullptr;
   QPushButton* portconfigok = nullptr;
+  // Where the choice goes: without it, straight into the settings file
+  // given; the main window sends it down the program's road of settings
+  // changes instead.
+  std::function<void(const std::function<void(SettingsRecord&)>&)> storeChoice;
 
  private:
   void Choose(int row);

@@ -36,7 +36,10 @@ void frmTidesSeaArea::OnOK() {
     ShowMessage(this, message);
     return;
   }
-  StoreAreaChoice(settingsFile_, label);
+  if (storeChoice)
+    storeChoice([label](SettingsRecord& r) { SetAreaChoice(r, label); });
+  else
+    StoreAreaChoice(settingsFile_, label);
   accept();
 }
 

@@ -5,6 +5,9 @@
 
 #include <QDialog>
 #include <filesystem>
+#include <functional>
+
+#include "core/settings.h"
 
 class QLabel;
 class QListWidget;
@@ -20,6 +23,10 @@ class frmTidesSeaArea : public QDialog {
   QListWidget* FileList = nullptr;
   QLabel* lblAreaToUse = nullptr;
   QPushButton* cmdOK = nullptr;
+  // Where the choice goes: without it, straight into the settings file
+  // given; the main window sends it down the program's road of settings
+  // changes instead.
+  std::function<void(const std::function<void(SettingsRecord&)>&)> storeChoice;
 
  private:
   void OnOK();

@@ -31,8 +31,9 @@ class frmcalcroute : public QDialog, public LegEditFields {
   Q_OBJECT
  public:
   // The settings give the leeway (UseLeeway, Leeway), Variation,
-  // CalcInterval and AcceptableError; the moment gives the day of
-  // departure and the time the tides go back to.
+  // CalcInterval and AcceptableError, read from the caller's record (the
+  // program state's), which outlives the form; the moment gives the day
+  // of departure and the time the tides go back to.
   frmcalcroute(PassageState& passage, StreamContext streams, const SettingsRecord& settings,
                const WorkingMoment& moment, QWidget* parent = nullptr);
 
@@ -104,7 +105,7 @@ class frmcalcroute : public QDialog, public LegEditFields {
 
   PassageState& passage_;
   StreamContext streams_;
-  SettingsRecord settings_;
+  const SettingsRecord& settings_;
   WorkingMoment moment_;
   int selectedLeg_ = 0;
   bool working_ = false;

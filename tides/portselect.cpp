@@ -33,9 +33,11 @@ std::filesystem::path AreaFilePath(const std::filesystem::path& programFolder, c
 
 bool StoreAreaChoice(const std::filesystem::path& settingsFile, const std::string& label) {
   SettingsRecord settings = ReadSettings(settingsFile);
-  settings.HarmonicFile = TrimBlanks(label);
+  SetAreaChoice(settings, label);
   return WriteSettings(settingsFile, settings);
 }
+
+void SetAreaChoice(SettingsRecord& settings, const std::string& label) { settings.HarmonicFile = TrimBlanks(label); }
 
 std::vector<PortListEntry> PortListLines(const std::filesystem::path& areaFile) {
   std::vector<PortListEntry> lines;
@@ -57,9 +59,13 @@ int CurrentPortNumber(int stored, int recordCount) {
 bool StorePortChoice(const std::filesystem::path& settingsFile, int recordNo, const std::string& name) {
   if (recordNo < 1) return false;
   SettingsRecord settings = ReadSettings(settingsFile);
+  SetPortChoice(settings, recordNo, name);
+  return WriteSettings(settingsFile, settings);
+}
+
+void SetPortChoice(SettingsRecord& settings, int recordNo, const std::string& name) {
   settings.PortIndex = static_cast<std::int16_t>(recordNo);
   settings.Port = name;
-  return WriteSettings(settingsFile, settings);
 }
 
 }  // namespace kelvane

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "core/settings.h"
+
 namespace kelvane {
 
 // The names of the *.hc files of a folder (ProgramFolder/TS), sorted.
@@ -15,6 +17,9 @@ std::vector<std::string> AreaFileNames(const std::filesystem::path& tsFolder);
 // The message for the OK button of the area dialog, given the chosen name
 // as its label shows it, or "" when the name may be stored.
 std::string CheckAreaChoice(const std::string& label);
+
+// The chosen area file name, trimmed, as the record's HarmonicFile.
+void SetAreaChoice(SettingsRecord& settings, const std::string& label);
 
 // Stores the chosen area file name, trimmed, in the settings file: the
 // record is read, changed and written back. False when it cannot be written.
@@ -39,6 +44,9 @@ std::vector<PortListEntry> PortListLines(const std::filesystem::path& areaFile);
 // The stored port number as the dialog shows it: zero or beyond the last
 // record becomes 1.
 int CurrentPortNumber(int stored, int recordCount);
+
+// The chosen port as the record's PortIndex and Port.
+void SetPortChoice(SettingsRecord& settings, int recordNo, const std::string& name);
 
 // Stores the chosen port in the settings file (PortIndex and Port) when its
 // number is at least 1. False when nothing was stored.

@@ -17,8 +17,8 @@
 #include <vector>
 
 #include "app/mainwindow.h"
-#include "app/programstate.h"
 #include "core/datatree.h"
+#include "state/programstate.h"
 #include "support/tempdir.h"
 
 namespace kelvane::test {

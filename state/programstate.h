@@ -1,7 +1,9 @@
-// The state the main window holds for the whole run and hands to the forms
-// and calculations: the folders, the settings record, the wind set-up, the
-// working moment and the date order of the user. Later subsystems keep
-// their own state records beside it (tides, route, instruments).
+// The program's state for the whole run, one record for both front doors:
+// the main window holds it and hands it to the forms and calculations, and
+// each kelvane-cli command works from one made the same way, so that the
+// same files give the same numbers. The folders, the settings record, the
+// wind set-up, the working moment and the date order of the user, with the
+// subsystems' own records beside them (tides, streams, route, marks).
 #pragma once
 
 #include "chart/chartmarks.h"
