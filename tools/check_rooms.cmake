@@ -88,5 +88,5 @@ foreach(room IN LISTS KELVANE_ROOMS)
 endforeach()
 
 if(_faults GREATER 0)
-  message(FATAL_ERROR "${_faults} include(s) disagree with cmake/rooms.cmake")
+  message(FATAL_ERROR "${_faults} fault(s): the includes of the rooms and cmake/rooms.cmake disagree")
 endif()
