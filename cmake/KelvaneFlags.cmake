@@ -5,6 +5,11 @@
 # last bits of those results, so contraction is off everywhere, and the
 # fast-math family is never used.
 add_compile_options(-Wall -Wextra -ffp-contract=off -fno-fast-math)
+# A library returns its decision as an outcome record marked [[nodiscard]],
+# and the window switches over a library's commands without a default: a
+# dropped decision or a command nobody carries out is an error, not a
+# warning that scrolls by.
+add_compile_options(-Werror=unused-result -Werror=switch)
 # x86-64 does its float arithmetic in SSE registers at the declared width,
 # so single-precision steps stay single without further flags.
 
