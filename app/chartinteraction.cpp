@@ -333,10 +333,19 @@ void ChartInteractionController::OnDoubleClick(QMouseEvent* event) {
   DoubleClickTarget t = DoubleClickOrder(c, e.lat, e.lon, SearchCircleOf(s.settings));
   if (t.kind == DoubleClickKind::None) return;
   emit DoubleClicked(static_cast<int>(t.kind), t.index);
-  // What is built opens here; the tidal station view, the diamond report,
-  // wrecks and sites come with their forms.
-  if (t.kind == DoubleClickKind::AisTarget && instruments)
-    instruments->OpenAISDetailsNear(e.lat, e.lon, SearchCircleOf(s.settings));
+  switch (t.kind) {
+    case DoubleClickKind::None: break;
+    case DoubleClickKind::AisTarget:
+      if (instruments) instruments->OpenAISDetailsNear(e.lat, e.lon, SearchCircleOf(s.settings));
+      break;
+    // Waits for the tide window of the tidal heights subsystem.
+    case DoubleClickKind::TidalStation: break;
+    // Waits for the diamond report of the tidal streams subsystem.
+    case DoubleClickKind::Diamond: break;
+    // Wait for the wreck report and the user sites of the wrecks subsystem.
+    case DoubleClickKind::Wreck:
+    case DoubleClickKind::UserSite: break;
+  }
 }
 
 void ChartInteractionController::OnKey(QKeyEvent* event) {
@@ -355,12 +364,16 @@ void ChartInteractionController::OnKey(QKeyEvent* event) {
   context.timeNow = window_.State().moment.WorkingTime;
   KeyOutcome k = machine_.KeyDown(key, shift, context);
   Apply(k.effects);
-  // F2 and F3 to F6 act on the AIS target nearest to the cursor.
-  if (InstrumentsController* instruments = window_.Instruments()) {
-    if (k.command == KeyCommand::AisDetails) instruments->OpenAISDetailsNear(pane_.CursorLat(), pane_.CursorLon());
-    if (k.command == KeyCommand::AisFlag) instruments->ToggleAISFlagNear(pane_.CursorLat(), pane_.CursorLon(), k.value);
-  }
+  InstrumentsController* instruments = window_.Instruments();
   switch (k.command) {
+    case KeyCommand::None: break;
+    // F2 and F3 to F6 act on the AIS target nearest to the cursor.
+    case KeyCommand::AisDetails:
+      if (instruments) instruments->OpenAISDetailsNear(pane_.CursorLat(), pane_.CursorLon());
+      break;
+    case KeyCommand::AisFlag:
+      if (instruments) instruments->ToggleAISFlagNear(pane_.CursorLat(), pane_.CursorLon(), k.value);
+      break;
     case KeyCommand::Viewer:
       pane_.HandleKey(event->key() == Qt::Key_Plus ? Qt::Key_Equal : event->key(), event->modifiers());
       break;
@@ -381,7 +394,6 @@ void ChartInteractionController::OnKey(QKeyEvent* event) {
       for (std::size_t i = 0; i < k.trackingText.size() && i < 3; ++i)
         window_.StatusPanel(static_cast<int>(i) + 2)->setText(forms::ToQString(k.trackingText[i]));
       break;
-    default: break;  // F2 to F6 belong to the AIS targets
   }
 }
 
@@ -402,6 +414,9 @@ void ChartInteractionController::Apply(const InteractionOutcome& out) {
     if (commsWasActive_ && window_.Instruments()) window_.Instruments()->CommsTimer().start();
     timer1WasActive_ = commsWasActive_ = false;
   }
+  // out.stopAnimation (rectangle zoom) and out.endAnimation (Esc) wait for
+  // the route animation of the tidal streams subsystem: no TimerAnimate runs
+  // yet, so there is nothing to stop or end.
   if (out.pointer) viewer->SetMousePointer(*out.pointer);
   if (out.positionText) window_.StatusPanel(5)->setText(forms::ToQString(*out.positionText));
   if (out.dividersLabel) {

@@ -226,8 +226,24 @@ void InstrumentsController::WithPortsClosed(Run run) {
   if (gps) ports_->Done(comms_.GPSPort);
   if (ais) ports_->Done(comms_.AISPort);
   run();
-  if (gps) OpenPort(*ports_, comms_.GPSPort, comms_.GPSBaudCode);
-  if (ais) OpenPort(*ports_, comms_.AISPort, comms_.AISBaudCode);
+  // A port that will not open again (unplugged, or taken by another program
+  // while the form was up) must not stay flagged open, or the loop would
+  // poll nothing and the menus would offer a detach of a dead link: the
+  // user is told why and that link ends.
+  if (gps) {
+    const OpenResult r = OpenPort(*ports_, comms_.GPSPort, comms_.GPSBaudCode);
+    if (!r.ok) {
+      chart_.showMessage(r.message);
+      mnuPosGpsDisconnect_Click();
+    }
+  }
+  if (ais) {
+    const OpenResult r = OpenPort(*ports_, comms_.AISPort, comms_.AISBaudCode);
+    if (!r.ok) {
+      chart_.showMessage(r.message);
+      DetachAis(comms_, state_, *ports_);
+    }
+  }
   SyncTimers();
 }
 

@@ -99,9 +99,10 @@ void CheckIdentical() {
   auto fast = Make(true), plain = Make(false);
   for (int hour = 0; hour < 24; ++hour) {
     PassageState a = fast->s, c = plain->s;
-    CalculateRoute(fast->ctx, a, Input(hour));
-    CalculateRoute(plain->ctx, c, Input(hour));
-    if (a.ResultText != c.ResultText || a.RouteCog != c.RouteCog || a.RouteStreams != c.RouteStreams) {
+    const RouteCalcOutcome fastOut = CalculateRoute(fast->ctx, a, Input(hour));
+    const RouteCalcOutcome plainOut = CalculateRoute(plain->ctx, c, Input(hour));
+    if (fastOut.completed != plainOut.completed || fastOut.legLines != plainOut.legLines ||
+        a.ResultText != c.ResultText || a.RouteCog != c.RouteCog || a.RouteStreams != c.RouteStreams) {
       std::fprintf(stderr, "accelerated and straightforward results differ at %02d:00\n", hour);
       std::abort();
     }

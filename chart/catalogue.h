@@ -116,7 +116,7 @@ std::optional<std::size_t> NextScaleChart(const std::vector<ChartRecord>& catalo
 
 // What automatic switching at the start of a paint asks for.
 enum class AutoSwitch { None, Next, Previous };
-struct AutoSwitchStep {
+struct [[nodiscard]] AutoSwitchStep {
   AutoSwitch action = AutoSwitch::None;
   double newZoom = 0;  // the zoom to set after the switch (set even when no chart was found)
 };
@@ -157,7 +157,7 @@ bool IsChartSwitch(std::string_view chosenNumber, std::string_view chartFile);
 // The chart choice of the settings once a chart is on show. Every switch
 // of the ladder writes it as the chooser does, so that ChartFile names the
 // chart in use and the ladder can come back to a chart it left.
-struct ChartChoice {
+struct [[nodiscard]] ChartChoice {
   std::string ChartPath;         // ProgramFolder/Charts/<number>
   std::string ChartFile;         // the number
   std::string ChartDescription;  // the trimmed title, as the chooser lists it
@@ -170,7 +170,7 @@ ChartChoice ChoiceOfChart(const std::filesystem::path& programFolder, const Char
 // Esc or the window's close box, the settings are already back as they
 // were and nothing is reloaded: the area, the chart, its view and the
 // streams in use stay exactly as they were.
-struct ChooserFollowUp {
+struct [[nodiscard]] ChooserFollowUp {
   bool writeSettings = false;
   bool loadChart = false;
 };

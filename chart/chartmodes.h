@@ -85,7 +85,7 @@ struct PointerEvent {
 };
 
 // The popup menu's enabling, decided at the right button.
-struct PopupEnabling {
+struct [[nodiscard]] PopupEnabling {
   bool deleteRoutePoint = false;  // two or more route points
   bool insert = false;            // one or more
   bool aisDetails = false;        // AIS on
@@ -104,7 +104,7 @@ LegDefaults LegDefaultsOf(const SettingsRecord& settings);
 
 // What the window must do after an event. Optional fields are left alone
 // when empty.
-struct InteractionOutcome {
+struct [[nodiscard]] InteractionOutcome {
   std::optional<int> pointer;                 // 2 cross, 15 four-way
   std::optional<std::string> positionText;    // status panel 5
   std::optional<std::string> dividersLabel;   // lbldividers text
@@ -141,7 +141,7 @@ enum class KeyCommand {
   ShowTracking,  // "T": the texts of `trackingText` go to the status panels
 };
 
-struct KeyOutcome {
+struct [[nodiscard]] KeyOutcome {
   KeyCommand command = KeyCommand::None;
   std::string menu;  // for Menu
   int value = 0;     // AisFlag: 1..4; Brightness: -10, +10
@@ -172,7 +172,7 @@ int NearestWithinCircle(const std::vector<Position>& points, float lat, float lo
 
 // The double click's order of tests.
 enum class DoubleClickKind { None, TidalStation, Diamond, AisTarget, Wreck, UserSite };
-struct DoubleClickTarget {
+struct [[nodiscard]] DoubleClickTarget {
   DoubleClickKind kind = DoubleClickKind::None;
   int index = -1;  // in the list of that kind
 };
@@ -195,7 +195,7 @@ struct DoubleClickCandidates {
 DoubleClickTarget DoubleClickOrder(const DoubleClickCandidates& candidates, float lat, float lon, float circle);
 
 // frmMouseInput's OK: the checks in their order.
-struct MouseInputCheck {
+struct [[nodiscard]] MouseInputCheck {
   std::string message;                // refused with this message
   std::vector<std::string> questions; // each must be answered Yes
 };

@@ -70,7 +70,7 @@ struct ConfigureControls {
 };
 
 // What the main window must do after a successful round.
-struct ConfigureOutcome {
+struct [[nodiscard]] ConfigureOutcome {
   std::string message;              // the first failure; empty on success
   bool written = false;             // the record went to the file
   float legSpeed = 0;               // the new working leg speed (the vessel speed)

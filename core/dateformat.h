@@ -71,7 +71,7 @@ struct ClockEntry {
 // "Please enter a valid time i.e. 12:35"; hours above 23 or minutes of 60
 // or more give "Please enter a valid time". Returns the entry or the
 // message.
-struct ClockCheck {
+struct [[nodiscard]] ClockCheck {
   std::optional<ClockEntry> entry;
   std::string message;
 };

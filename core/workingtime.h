@@ -41,7 +41,7 @@ struct IdleTicker {
 };
 
 // What the minute's routine must do after the clock has been read.
-struct MinuteWork {
+struct [[nodiscard]] MinuteWork {
   bool newDay = false;      // the day changed: rebuild the day's curves
   std::string message;      // "Problem with time and date - Initialising Todays Tides" for a bad day
 };

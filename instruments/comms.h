@@ -88,7 +88,7 @@ bool BoatLeftInnerBox(float topLat, float leftLon, float bottomLat, float rightL
 
 // The result of an attach: whether the port is now polled, and the exact
 // message for the user's box (empty on success).
-struct AttachResult {
+struct [[nodiscard]] AttachResult {
   bool ok = false;
   std::string message;
 };

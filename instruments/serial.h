@@ -85,7 +85,7 @@ int BaudCodeOfRate(int rate);
 // own error text, cut to 120 characters.
 std::string CommsErrorText(int code, const std::string& systemErrorText = {});
 
-struct OpenResult {
+struct [[nodiscard]] OpenResult {
   bool ok = false;
   std::string message;  // CommsErrorText of the failing reset
 };

@@ -49,7 +49,7 @@ struct RouteCalcHooks {
   std::function<void(const std::vector<std::string>&)> legLines;
 };
 
-struct RouteCalcOutcome {
+struct [[nodiscard]] RouteCalcOutcome {
   bool completed = false;             // the report was written
   std::vector<RouteMessage> messages; // to show in order; a stop leaves its message last
   std::vector<std::string> legLines;  // the leg lines also added to the main window's report box

@@ -22,7 +22,7 @@ std::string ValidSpeedMessage();
 // (empty, letters, a sign, a second point, 0) gives ValidSpeedMessage().
 // Speeds of 0.5 knots and below pass here: the calculation refuses them
 // with its own message, naming the waypoints.
-struct SpeedEntry {
+struct [[nodiscard]] SpeedEntry {
   float speed = 0;
   std::string message;  // "" when the speed is usable
 };

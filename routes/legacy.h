@@ -62,7 +62,7 @@ std::string RteRecordsToGpx(const std::vector<RteRecord>& records);
 
 // The outcome of a command that writes a file: the message to show, and
 // whether the destination was written.
-struct FileCommandResult {
+struct [[nodiscard]] FileCommandResult {
   bool ok = false;
   std::string message;
   std::filesystem::path written;

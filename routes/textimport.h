@@ -48,7 +48,7 @@ RteRecord ImportRteLine(std::string_view line);
 // record per line in list order. Ends with "Waypoints saved - Press 'Exit'
 // when finished" or "Route saved - Press 'Exit' when finished". `route`
 // receives the records of a route import, for the chart's route.
-struct TextImportResult : FileCommandResult {
+struct [[nodiscard]] TextImportResult : FileCommandResult {
   std::vector<RteRecord> route;
 };
 TextImportResult ImportTextLines(const std::vector<std::string>& lines, const std::filesystem::path& destination,

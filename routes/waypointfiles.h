@@ -25,7 +25,7 @@ inline constexpr const char* kConfigurationNotSaved = "Error saving the configur
 // caller asks kWayFileExists before writing over it. A name is refused
 // when it is blank (`missingMessage`), or when it holds a folder separator
 // or one of the characters no file name can carry (kBadWayFileName).
-struct WayFileName {
+struct [[nodiscard]] WayFileName {
   std::string message;
   std::filesystem::path file;
   bool exists = false;

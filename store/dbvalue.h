@@ -20,7 +20,7 @@ using DbValue = std::variant<std::monostate, std::int64_t, double, std::string, 
 // The result of one query: column names in order and the rows. message is
 // empty on success and holds the reason otherwise (the rows are then
 // empty).
-struct QueryResult {
+struct [[nodiscard]] QueryResult {
   std::vector<std::string> columns;
   std::vector<std::vector<DbValue>> rows;
   std::string message;

@@ -66,7 +66,7 @@ std::vector<Diamond> DiamondsFromBytes(const Bytes& bytes);
 // ProgramFolder/TS/<name>.l25, the name trimmed of blanks.
 std::filesystem::path StreamFilePath(const std::filesystem::path& programFolder, std::string_view name);
 
-struct StreamFileRead {
+struct [[nodiscard]] StreamFileRead {
   std::vector<Diamond> diamonds;
   std::string message;  // "" when the file was read
   bool ok() const { return message.empty(); }
@@ -87,7 +87,7 @@ bool WriteStreamFile(const std::filesystem::path& file, const std::vector<Diamon
 // (dirM6, spM6, npm6, ... dirp6, spP6, npP6).
 const std::vector<std::string>& DiamondColumns();
 
-struct DiamondsRead {
+struct [[nodiscard]] DiamondsRead {
   std::vector<Diamond> diamonds;
   std::string message;  // "" on success
   bool ok() const { return message.empty(); }

@@ -16,7 +16,7 @@ struct TideMoment {
   std::int16_t dayOfMonth = 1;
 };
 
-struct TideRollResult {
+struct [[nodiscard]] TideRollResult {
   TideMoment moment;
   bool dateChanged = false;  // the day's curves must be rebuilt
 };

@@ -60,11 +60,11 @@ struct World {
   }
   // Pointer there, then Shift + left click.
   InteractionOutcome ShiftClick(float lat, float lon) {
-    chart.MouseMove(At(lat, lon));
+    (void)chart.MouseMove(At(lat, lon));
     PointerEvent e = At(lat, lon);
     e.left = e.shift = true;
     InteractionOutcome out = chart.MouseDown(e);
-    chart.MouseUp(e);
+    (void)chart.MouseUp(e);
     return out;
   }
 };
@@ -92,9 +92,9 @@ TEST(ChartInteraction, SnapInsideTheSearchCircleOnly) {
   // A search circle of 0 is taken as 0.01 miles.
   w.settings.SearchCircle = 0;
   EXPECT_EQ(SearchCircleOf(w.settings), 0.01f);
-  w.chart.MouseMove(w.At(50.5f + 0.005f * kMile, -1.0f));
+  (void)w.chart.MouseMove(w.At(50.5f + 0.005f * kMile, -1.0f));
   EXPECT_TRUE(w.marks.SnapOn);
-  w.chart.MouseMove(w.At(50.5f + 0.02f * kMile, -1.0f));
+  (void)w.chart.MouseMove(w.At(50.5f + 0.02f * kMile, -1.0f));
   EXPECT_FALSE(w.marks.SnapOn);
 }
 
@@ -104,8 +104,8 @@ TEST(ChartInteraction, ShiftClickBuildsTheRoute) {
   InteractionOutcome first = w.ShiftClick(50.0f, -1.0f);
   EXPECT_TRUE(first.routeChanged);
   EXPECT_EQ(w.chart.RouteText(), ":  Creating Route");
-  w.ShiftClick(50.5f + 0.5f * kMile, -1.0f);
-  w.ShiftClick(50.5f, -0.5f);
+  (void)w.ShiftClick(50.5f + 0.5f * kMile, -1.0f);
+  (void)w.ShiftClick(50.5f, -0.5f);
   ASSERT_EQ(RouteCount(w.passage), 3);
   const RoutePoint& a = w.passage.Route[1];
   const RoutePoint& b = w.passage.Route[2];
@@ -152,8 +152,8 @@ TEST(ChartInteraction, PointsWithoutSnapLieOnThePixelGrid) {
   World w;
   ChartInteraction chart(w.marks, w.passage, w.waypoints, w.settings, &g);
   const float lon = -1.23456f;
-  chart.MouseMove(w.At(50.1f, lon));
-  chart.AddRoutePoint(50.1f, lon);
+  (void)chart.MouseMove(w.At(50.1f, lon));
+  (void)chart.AddRoutePoint(50.1f, lon);
   ASSERT_EQ(RouteCount(w.passage), 1);
   EXPECT_EQ(w.passage.Route[1].Lon, PixelToLon(g, LonToPixel(g, lon)));
   EXPECT_NE(w.passage.Route[1].Lon, lon);
@@ -161,7 +161,7 @@ TEST(ChartInteraction, PointsWithoutSnapLieOnThePixelGrid) {
 
 TEST(ChartInteraction, HundredLegsAndNoMore) {
   World w;
-  for (int i = 0; i < 101; ++i) w.chart.AddRoutePoint(49.0f + i * 0.01f, -3.0f);
+  for (int i = 0; i < 101; ++i) (void)w.chart.AddRoutePoint(49.0f + i * 0.01f, -3.0f);
   EXPECT_EQ(RouteCount(w.passage), 101);
   EXPECT_TRUE(w.messages.empty());
   InteractionOutcome out = w.chart.AddRoutePoint(48.0f, -3.0f);
@@ -174,24 +174,24 @@ TEST(ChartInteraction, HundredLegsAndNoMore) {
 TEST(ChartInteraction, BackspaceEscAndIns) {
   World w;
   // Ins with one point: the message, and nothing changes.
-  w.chart.AddRoutePoint(50.0f, -1.2f);
-  w.chart.KeyDown(vk::Insert, false);
+  (void)w.chart.AddRoutePoint(50.0f, -1.2f);
+  (void)w.chart.KeyDown(vk::Insert, false);
   ASSERT_EQ(w.messages.size(), 1u);
   EXPECT_EQ(w.messages[0], "You need to have entered at least 2 points - nothing done");
   EXPECT_TRUE(w.questions.empty());
   EXPECT_EQ(RouteCount(w.passage), 1);
-  w.chart.AddRoutePoint(50.2f, -1.2f);
-  w.chart.AddRoutePoint(50.2f, -0.9f);
+  (void)w.chart.AddRoutePoint(50.2f, -1.2f);
+  (void)w.chart.AddRoutePoint(50.2f, -0.9f);
   // Ins asks, and a No changes nothing.
   w.answer = false;
-  w.chart.MouseMove(w.At(50.21f, -1.05f));
-  w.chart.KeyDown(vk::Insert, false);
+  (void)w.chart.MouseMove(w.At(50.21f, -1.05f));
+  (void)w.chart.KeyDown(vk::Insert, false);
   ASSERT_EQ(w.questions.size(), 1u);
   EXPECT_EQ(w.questions[0], "Insert Point: Insert a route point?");
   EXPECT_EQ(RouteCount(w.passage), 3);
   // Yes puts the cursor into the nearest leg, the second.
   w.answer = true;
-  w.chart.KeyDown(vk::Insert, false);
+  (void)w.chart.KeyDown(vk::Insert, false);
   ASSERT_EQ(RouteCount(w.passage), 4);
   EXPECT_EQ(w.passage.Route[3].Lat, 50.21f);
   EXPECT_EQ(w.passage.Route[3].Lon, -1.05f);
@@ -203,7 +203,7 @@ TEST(ChartInteraction, BackspaceEscAndIns) {
   ASSERT_EQ(RouteCount(w.passage), 3);
   EXPECT_EQ(w.passage.Route[3].Lon, -1.05f);
   // Esc clears the route, the results and the dividers.
-  w.chart.SetDividers(true);
+  (void)w.chart.SetDividers(true);
   w.passage.RouteCog.push_back(Cog(50, -1, 10));
   KeyOutcome esc = w.chart.KeyDown(vk::Escape, false);
   EXPECT_TRUE(esc.effects.routeChanged);
@@ -220,7 +220,7 @@ TEST(ChartInteraction, BackspaceEscAndIns) {
   // Backspace on an empty route is nothing.
   EXPECT_FALSE(w.chart.KeyDown(vk::Back, false).effects.routeChanged);
   // During a route animation Esc ends the replay and keeps the route.
-  w.chart.AddRoutePoint(50.0f, -1.2f);
+  (void)w.chart.AddRoutePoint(50.0f, -1.2f);
   KeyContext animating;
   animating.animating = true;
   KeyOutcome stop = w.chart.KeyDown(vk::Escape, false, animating);
@@ -240,7 +240,7 @@ TEST(ChartInteraction, DividersRangeAndBearing) {
   // Shift + click: the zero point. No route point is made.
   PointerEvent zero = w.At(50.0f, -1.0f);
   zero.left = zero.shift = true;
-  w.chart.MouseDown(zero);
+  (void)w.chart.MouseDown(zero);
   EXPECT_TRUE(w.marks.DividerZeroSet);
   EXPECT_EQ(RouteCount(w.passage), 0);
   // Plain click 30 minutes east: 30 cos 50 = 19.28 miles at 090.
@@ -255,20 +255,20 @@ TEST(ChartInteraction, DividersRangeAndBearing) {
   EXPECT_EQ(north.dividersLabel.value_or("?"), "Range 30.0nm @000\u00b0T");
   EXPECT_NEAR(w.marks.DividerRange, 30.0f, 1e-3f);
   // mnuPUDivHome: the zero point to the cursor, no end point.
-  w.chart.DividerHome();
+  (void)w.chart.DividerHome();
   EXPECT_EQ(w.marks.DividerZeroLat, 50.5f);
   EXPECT_FALSE(w.marks.DividerEndSet);
 }
 
 TEST(ChartInteraction, RouteDragMovesAPointAndDividersEndIt) {
   World w;
-  EXPECT_FALSE((w.chart.SetRouteDrag(true), w.marks.RouteDragOn));  // no route, no drag
-  w.chart.AddRoutePoint(50.0f, -1.2f);
-  w.chart.AddRoutePoint(50.5f, -1.0f);  // right on ALPHA too
-  w.chart.AddRoutePoint(50.2f, -0.8f);
+  EXPECT_FALSE(((void)w.chart.SetRouteDrag(true), w.marks.RouteDragOn));  // no route, no drag
+  (void)w.chart.AddRoutePoint(50.0f, -1.2f);
+  (void)w.chart.AddRoutePoint(50.5f, -1.0f);  // right on ALPHA too
+  (void)w.chart.AddRoutePoint(50.2f, -0.8f);
   w.passage.Route[2].Name = "ALPHA";
   w.passage.Route[1].LegTime = 2.5f;
-  w.chart.SetRouteDrag(true);
+  (void)w.chart.SetRouteDrag(true);
   ASSERT_TRUE(w.marks.RouteDragOn);
   // On a waypoint and a route point at once: the route point is picked.
   InteractionOutcome near = w.chart.MouseMove(w.At(50.5f, -1.0f));
@@ -301,33 +301,33 @@ TEST(ChartInteraction, RouteDragMovesAPointAndDividersEndIt) {
   EXPECT_EQ(away.pointer.value_or(0), 2);
   EXPECT_FALSE(w.marks.RouteDragNear);
   // Switching the dividers on turns route drag off.
-  w.chart.SetDividers(true);
+  (void)w.chart.SetDividers(true);
   EXPECT_FALSE(w.marks.RouteDragOn);
   EXPECT_TRUE(w.marks.DividersOn);
   // And route drag turns the dividers off.
-  w.chart.SetRouteDrag(true);
+  (void)w.chart.SetRouteDrag(true);
   EXPECT_TRUE(w.marks.RouteDragOn);
   EXPECT_FALSE(w.marks.DividersOn);
   // The route calculation ends route drag.
-  w.chart.RouteCalculationOpened();
+  (void)w.chart.RouteCalculationOpened();
   EXPECT_FALSE(w.marks.RouteDragOn);
 }
 
 TEST(ChartInteraction, MarksAndDelete) {
   World w;
-  w.chart.AddRoutePoint(49.0f, -2.0f);
-  w.chart.AddRoutePoint(49.2f, -2.0f);
-  w.chart.AddRoutePoint(49.4f, -2.0f);
+  (void)w.chart.AddRoutePoint(49.0f, -2.0f);
+  (void)w.chart.AddRoutePoint(49.2f, -2.0f);
+  (void)w.chart.AddRoutePoint(49.4f, -2.0f);
   // "M" inside the circle of a waypoint marks it: mode 8.
-  w.chart.MouseMove(w.At(50.0f + 0.2f * kMile, -1.5f));
-  w.chart.KeyDown('M', false);
+  (void)w.chart.MouseMove(w.At(50.0f + 0.2f * kMile, -1.5f));
+  (void)w.chart.KeyDown('M', false);
   EXPECT_EQ(w.marks.InputMode, 8);
   EXPECT_EQ(w.marks.MarkedKind, 1);
   EXPECT_EQ(w.marks.MarkedIndex, 1);
   // The marked waypoint follows the right button.
   PointerEvent drag = w.At(50.01f, -1.49f);
   drag.right = true;
-  w.chart.MouseMove(drag);
+  (void)w.chart.MouseMove(drag);
   EXPECT_EQ(w.waypoints.ChartWaypoints[1].Lat, 50.01f);
   // Del asks, and deletes the waypoint.
   KeyOutcome del = w.chart.KeyDown(vk::Delete, false);
@@ -336,16 +336,16 @@ TEST(ChartInteraction, MarksAndDelete) {
   EXPECT_EQ(Count(w.waypoints.ChartWaypoints), 2u);
   EXPECT_EQ(w.marks.InputMode, 3);
   // Away from every waypoint "M" marks the nearest route point: mode 7.
-  w.chart.MouseMove(w.At(49.25f, -2.1f));
-  w.chart.KeyDown('M', false);
+  (void)w.chart.MouseMove(w.At(49.25f, -2.1f));
+  (void)w.chart.KeyDown('M', false);
   EXPECT_EQ(w.marks.InputMode, 7);
   EXPECT_EQ(w.marks.MarkedKind, 2);
   EXPECT_EQ(w.marks.MarkedIndex, 2);
   w.answer = false;
-  w.chart.KeyDown(vk::Delete, false);
+  (void)w.chart.KeyDown(vk::Delete, false);
   EXPECT_EQ(RouteCount(w.passage), 3);
   w.answer = true;
-  w.chart.KeyDown(vk::Delete, false);
+  (void)w.chart.KeyDown(vk::Delete, false);
   EXPECT_EQ(w.questions.back(), "Delete Route Point: Delete a route point?");
   ASSERT_EQ(RouteCount(w.passage), 2);
   EXPECT_EQ(w.passage.Route[2].Lat, 49.4f);
@@ -353,7 +353,7 @@ TEST(ChartInteraction, MarksAndDelete) {
   EXPECT_FALSE(w.marks.PointMarked);
   // Del with nothing marked does nothing.
   std::size_t asked = w.questions.size();
-  w.chart.KeyDown(vk::Delete, false);
+  (void)w.chart.KeyDown(vk::Delete, false);
   EXPECT_EQ(w.questions.size(), asked);
 }
 
@@ -438,17 +438,17 @@ TEST(ChartInteraction, PopupEnablingAndTouchInput) {
   EXPECT_FALSE(none.popupItems.insert);
   EXPECT_FALSE(none.popupItems.deleteRoutePoint);
   EXPECT_EQ(w.chart.ClickLat, 50.1f);
-  w.chart.AddRoutePoint(50.0f, -1.2f);
+  (void)w.chart.AddRoutePoint(50.0f, -1.2f);
   InteractionOutcome one = w.chart.MouseDown(right);
   EXPECT_TRUE(one.popupItems.insert);
   EXPECT_FALSE(one.popupItems.deleteRoutePoint);
-  w.chart.AddRoutePoint(50.1f, -1.2f);
+  (void)w.chart.AddRoutePoint(50.1f, -1.2f);
   EXPECT_TRUE(w.chart.MouseDown(right).popupItems.deleteRoutePoint);
-  w.chart.SetDividers(true);
+  (void)w.chart.SetDividers(true);
   EXPECT_TRUE(w.chart.MouseDown(right).popupItems.dividerHome);
-  w.chart.SetDividers(false);
+  (void)w.chart.SetDividers(false);
   // Touch input: a touch moves the chart cursor and adds nothing.
-  w.chart.SetMouseAttached(false);
+  (void)w.chart.SetMouseAttached(false);
   PointerEvent touch = w.At(50.3f, -1.3f);
   touch.left = touch.shift = true;
   touch.x = 200;
@@ -461,7 +461,7 @@ TEST(ChartInteraction, PopupEnablingAndTouchInput) {
   // No read-out while the pointer moves in touch mode.
   EXPECT_FALSE(w.chart.MouseMove(w.At(50.0f, -1.0f)).positionText.has_value());
   // The dividers start at the chart cursor.
-  w.chart.SetDividers(true);
+  (void)w.chart.SetDividers(true);
   EXPECT_TRUE(w.marks.DividerZeroSet);
   EXPECT_EQ(w.marks.DividerZeroLat, 50.3f);
   EXPECT_EQ(w.marks.DividerEndLon, -1.3f);
@@ -469,13 +469,13 @@ TEST(ChartInteraction, PopupEnablingAndTouchInput) {
 
 TEST(ChartInteraction, AddWaypointModeOpensTheForm) {
   World w;
-  w.chart.SetAddWaypointMode(true);
+  (void)w.chart.SetAddWaypointMode(true);
   EXPECT_EQ(w.marks.InputMode, 2);
   PointerEvent e = w.At(50.3f, -1.3f);
   e.left = e.shift = true;
   EXPECT_TRUE(w.chart.MouseDown(e).openMouseInput);
   EXPECT_EQ(RouteCount(w.passage), 0);
-  w.chart.SetAddWaypointMode(false);
+  (void)w.chart.SetAddWaypointMode(false);
   EXPECT_EQ(w.marks.InputMode, 3);
 }
 

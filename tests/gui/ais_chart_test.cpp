@@ -21,6 +21,7 @@
 #include "app/mainwindow_layers.h"
 #include "core/settings.h"
 #include "forms/frmAISSummary.h"
+#include "forms/frmCommsInfo.h"
 #include "forms/frmAisDetails.h"
 #include "instruments/comms.h"
 #include "support/ais_encoder.h"
@@ -195,6 +196,40 @@ TEST(MainWindowAis, TargetFromThePortKeysPopupMenusMarkAndCount) {
 
   chart.close();
   fs::remove_all(dir);
+}
+
+// The ports close while a port form is up and open again after it. A port
+// that failed to reopen used to stay flagged open: the loop polled a dead
+// port and the menus offered to detach it. Now the user hears why and the
+// link ends.
+TEST(MainWindowAis, PortGoneWhileAFormWasUpIsNotLeftFlaggedOpen) {
+  if (!HaveSocat()) GTEST_SKIP() << "socat is not installed";
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
+  app::InstrumentsController* instruments = chart.Instruments();
+  auto dir = kelvane::testing::MakeTempDir("kelvane-reopen");
+  kelvane::testing::SocatPair pair(dir, "ais");
+  ASSERT_TRUE(pair.ok());
+  instruments->SetDevices({pair.b()});
+  chart.State().settings.AISPort = 0;
+  chart.State().settings.AISBaudCode = 7;
+  chart.Action("mnuAISEnable")->trigger();
+  ASSERT_TRUE(messages.empty()) << messages.front();
+  ASSERT_EQ(instruments->Comms().AISPortOpen, -1);
+
+  // The receiver is unplugged while the port test is on screen.
+  WhenModal<forms::FrmCommsInfo>([&pair](forms::FrmCommsInfo* form) {
+    pair.Stop();
+    form->reject();
+  });
+  chart.Action("mnuCopyComPortDetails")->trigger();
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages.front(), "Invalid COM port name");  // the serial library's text of code -1
+  EXPECT_EQ(instruments->Comms().AISPortOpen, 0);
+  EXPECT_EQ(instruments->Comms().AISAttached, 0);
+  EXPECT_FALSE(instruments->CommsTimer().isActive());
+  EXPECT_TRUE(chart.Action("mnuAISEnable")->isEnabled());
+  EXPECT_FALSE(chart.Action("mnuAISDisable")->isEnabled());
 }
 
 TEST(MainWindowAis, PredictionsRunWithTheTidalStreamAtTheBoat) {
