@@ -61,7 +61,7 @@ endforeach()
 add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/rooms.checked
   COMMAND ${CMAKE_COMMAND} -DKELVANE_ROOT=${PROJECT_SOURCE_DIR} -P ${PROJECT_SOURCE_DIR}/tools/check_rooms.cmake
   COMMAND ${CMAKE_COMMAND} -E touch ${PROJECT_BINARY_DIR}/rooms.checked
-  DEPENDS ${_room_files} ${PROJECT_SOURCE_DIR}/cmake/rooms.cmake
+  DEPENDS ${_room_files} ${PROJECT_SOURCE_DIR}/cmake/rooms.cmake ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md
           ${PROJECT_SOURCE_DIR}/cmake/roomtable.cmake ${PROJECT_SOURCE_DIR}/tools/check_rooms.cmake
   COMMENT "Checking every room's includes against cmake/rooms.cmake"
   VERBATIM)
