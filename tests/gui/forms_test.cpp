@@ -31,7 +31,8 @@ TEST(ConfigureForm, RefusesAndStaysOpenThenSaves) {
   TempTree tree;
   std::filesystem::create_directories(tree.folders.UserFiles());
   ASSERT_TRUE(WriteSettings(tree.folders.SettingsFile(), DefaultSettings(tree.folders)));
-  forms::FrmConfigure form(forms::FrmConfigure::Variant::Wrecks, tree.folders.SettingsFile());
+  const SettingsRecord settings = ReadSettings(tree.folders.SettingsFile());
+  forms::FrmConfigure form(forms::FrmConfigure::Variant::Wrecks, settings, tree.folders.SettingsFile());
   std::vector<std::string> messages;
   form.showMessage = [&](const std::string& m) { messages.push_back(m); };
   form.show();
@@ -67,7 +68,8 @@ TEST(ConfigureForm, StreamSubsetChecksItsFontSize) {
   TempTree tree;
   std::filesystem::create_directories(tree.folders.UserFiles());
   ASSERT_TRUE(WriteSettings(tree.folders.SettingsFile(), DefaultSettings(tree.folders)));
-  forms::FrmConfigure form(forms::FrmConfigure::Variant::Streams, tree.folders.SettingsFile());
+  const SettingsRecord settings = ReadSettings(tree.folders.SettingsFile());
+  forms::FrmConfigure form(forms::FrmConfigure::Variant::Streams, settings, tree.folders.SettingsFile());
   std::string message;
   form.showMessage = [&](const std::string& m) { message = m; };
   EXPECT_EQ(form.findChild<QLineEdit*>("Txtvariation"), nullptr);  // not on this form
