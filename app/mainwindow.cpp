@@ -176,10 +176,11 @@ void FrmChart::ToggleSetting(const std::string& action) {
 }
 
 void FrmChart::RunConfigure(int variant) {
-  forms::FrmConfigure form(static_cast<forms::FrmConfigure::Variant>(variant), state_.folders.SettingsFile(), this);
+  forms::FrmConfigure form(static_cast<forms::FrmConfigure::Variant>(variant), state_.settings,
+                           state_.folders.SettingsFile(), this);
+  form.storeSettings = [this](const SettingsChange& change) { return UpdateSettings(state_, change); };
   if (form.exec() != QDialog::Accepted || !form.Outcome()) return;
   const ConfigureOutcome& out = *form.Outcome();
-  state_.settings = form.Record();
   state_.passage.LegSpeed = out.legSpeed;
   state_.UseLeewaySwitch = out.useLeewaySwitch;
   Action("mnuShowTidalStreams")->setEnabled(out.streamMenusEnabled);

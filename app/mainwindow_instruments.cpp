@@ -115,14 +115,18 @@ void InstrumentsController::ConnectMenus() {
   };
   add("mnuConfigureGPS", "Configure GPS...", [this] {
     WithPortsClosed([this] {
-      forms::FrmGPSConfig form(chart_.State().folders.SettingsFile(), *ports_, ports_->Devices(), &chart_);
-      if (form.exec() == QDialog::Accepted) chart_.State().settings = form.Record();
+      ProgramState& state = chart_.State();
+      forms::FrmGPSConfig form(state.settings, state.folders.SettingsFile(), *ports_, ports_->Devices(), &chart_);
+      form.storeSettings = [&state](const SettingsChange& change) { return UpdateSettings(state, change); };
+      form.exec();
     });
   });
   add("mnuConfigureAIS", "Configure GPS/AIS...", [this] {
     WithPortsClosed([this] {
-      forms::FrmAISGPSConfig form(chart_.State().folders.SettingsFile(), *ports_, ports_->Devices(), &chart_);
-      if (form.exec() == QDialog::Accepted) chart_.State().settings = form.Record();
+      ProgramState& state = chart_.State();
+      forms::FrmAISGPSConfig form(state.settings, state.folders.SettingsFile(), *ports_, ports_->Devices(), &chart_);
+      form.storeSettings = [&state](const SettingsChange& change) { return UpdateSettings(state, change); };
+      form.exec();
     });
     UpdateMenus();
   });

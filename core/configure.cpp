@@ -13,11 +13,9 @@ bool Blank(const std::string& text) { return TrimBlanks(text).empty(); }
 
 }  // namespace
 
-ConfigureOutcome ApplyConfigure(SettingsRecord& r, const ConfigureControls& c,
-                                const std::optional<std::filesystem::path>& file) {
+ConfigureOutcome ApplyConfigure(SettingsRecord& r, const ConfigureControls& c) {
   ConfigureOutcome out;
-  // 1. Read the record.
-  if (file) r = ReadSettings(*file);
+  // 1. The record as it stands (the caller's copy).
   const std::int16_t summerBefore = r.SummerTime;
 
   // 2. The scale pair is forced into order before it is stored: a lower
@@ -190,17 +188,12 @@ ConfigureOutcome ApplyConfigure(SettingsRecord& r, const ConfigureControls& c,
   if (c.chkDisplayLive) r.DisplayLive = Flag(*c.chkDisplayLive);
   // 18. Where the data lives.
   if (c.optAppFolder) r.DataInApplicationFolder = Flag(*c.optAppFolder);
-  // 19. Write the record. On each save the stored twin of the stream-label
-  // switch follows it, the view colour follows the boat colour, and the
-  // seventh reserved single is set to 1.
+  // 19. The record as it is saved: on each save the stored twin of the
+  // stream-label switch follows it, the view colour follows the boat colour,
+  // and the seventh reserved single is set to 1.
   r.HideStreamId2 = r.HideStreamId;
   r.ViewColour = r.GPSColour;
   r.Reserved7 = 1.0f;
-  if (file && !WriteSettings(*file, r)) {
-    out.message = "Unable to save settings to " + file->string();
-    return out;
-  }
-  out.written = file.has_value();
   // 20 - 23. What the main window does next.
   out.streamMenusEnabled = r.UseTides != 0;
   // Every leg of the route takes the vessel speed, whatever it was given
@@ -208,6 +201,21 @@ ConfigureOutcome ApplyConfigure(SettingsRecord& r, const ConfigureControls& c,
   out.setRouteSpeeds = c.Txtboatspeed.has_value();
   out.summerTimeChanged = r.SummerTime != summerBefore;
   out.reloadWrecks = true;
+  return out;
+}
+
+ConfigureOutcome ApplyConfigure(SettingsRecord& record, const ConfigureControls& controls,
+                                const std::filesystem::path& file) {
+  record = ReadSettings(file);
+  ConfigureOutcome out = ApplyConfigure(record, controls);
+  if (!out.message.empty()) return out;
+  // The file takes the same change on what it holds now, so only the
+  // fields of the form's controls move.
+  if (!ChangeSettingsFile(file, [&controls](SettingsRecord& stored) { (void)ApplyConfigure(stored, controls); })) {
+    out.message = "Unable to save settings to " + file.string();
+    return out;
+  }
+  out.written = true;
   return out;
 }
 

@@ -1,12 +1,13 @@
-// The round of the configuration forms: read the record, take the controls,
-// check them in a fixed order, write the record.
+// The round of the configuration forms: take the controls, check them in a
+// fixed order, set the fields they own in a record, and save the change.
 //
 // The largest form (wrecks and display) holds every control; the general
 // and stream forms show subsets of the same checks and messages. A control
 // a form does not show is left empty here and its step is skipped. The
-// checks stop at the first failure: its message is returned and the file is
-// not written, though the fields set before the failing step stay changed
-// in the record passed in, as the form's fields do until the next read.
+// checks stop at the first failure: its message is returned and nothing is
+// saved, though the fields set before the failing step stay changed in the
+// record passed in (a form checks on a scratch copy, so the settings the
+// program holds stay as they were).
 #pragma once
 
 #include <cstdint>
@@ -82,9 +83,15 @@ struct [[nodiscard]] ConfigureOutcome {
   std::optional<std::string> cmbUpperShown, cmbLowerShown;  // the scale lists after forcing their order
 };
 
-// Runs the round on `record` (already read from the file by the caller, or
-// read here when `file` is given) and writes it to `file` on success.
+// Checks the controls and sets the fields they own in `record`; touches no
+// file. On success the same call on any other record is the change to save
+// (the settings road writes it); `written` stays false here.
+ConfigureOutcome ApplyConfigure(SettingsRecord& record, const ConfigureControls& controls);
+
+// The whole round on the settings file alone: `record` is read from `file`,
+// the controls checked and applied to it, and on success the file takes the
+// same change. For a front end that holds no settings of its own.
 ConfigureOutcome ApplyConfigure(SettingsRecord& record, const ConfigureControls& controls,
-                                const std::optional<std::filesystem::path>& file);
+                                const std::filesystem::path& file);
 
 }  // namespace kelvane

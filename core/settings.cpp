@@ -394,6 +394,12 @@ bool WriteSettings(const std::filesystem::path& file, const SettingsRecord& reco
   return WriteFileAtomic(file, EncodeSettings(record));
 }
 
+bool ChangeSettingsFile(const std::filesystem::path& file, const SettingsChange& change) {
+  SettingsRecord stored = ReadSettings(file);
+  change(stored);
+  return WriteSettings(file, stored);
+}
+
 std::vector<std::string> SettingsLines(const SettingsRecord& record) {
   std::vector<std::string> lines;
   ForEachField(record, [&](const SettingsField& f, const auto& value) {

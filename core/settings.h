@@ -13,6 +13,7 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -209,6 +210,14 @@ SettingsRecord ReadSettings(const std::filesystem::path& file);
 // settings file, which is then renamed over it: a crash never leaves a
 // torn record. Returns false (and leaves the old file) when it cannot.
 bool WriteSettings(const std::filesystem::path& file, const SettingsRecord& record);
+
+// A change of the settings: edits the fields it owns and no other.
+using SettingsChange = std::function<void(SettingsRecord&)>;
+// The one read-change-write of the settings file: the record is read, the
+// change made to it, and it is written back whole (atomically). The file
+// keeps every field the change does not own, whoever wrote it last.
+// Returns false (and leaves the old file) when it cannot be written.
+bool ChangeSettingsFile(const std::filesystem::path& file, const SettingsChange& change);
 
 // "Name = value" lines, one per field, in file order.
 std::vector<std::string> SettingsLines(const SettingsRecord& record);

@@ -9,9 +9,9 @@
 
 namespace kelvane::forms {
 
-FrmAISGPSConfig::FrmAISGPSConfig(std::filesystem::path settingsFile, SerialPorts& ports,
-                                 std::vector<std::string> devices, QWidget* parent)
-    : FrmGPSConfig(std::move(settingsFile), ports, std::move(devices), 256, parent) {
+FrmAISGPSConfig::FrmAISGPSConfig(const SettingsRecord& settings, std::filesystem::path settingsFile,
+                                 SerialPorts& ports, std::vector<std::string> devices, QWidget* parent)
+    : FrmGPSConfig(settings, std::move(settingsFile), ports, std::move(devices), 256, parent) {
   setObjectName("frmAISGPSConfig");
   setWindowTitle("Configure GPS/AIS");
   std::vector<std::string> portTexts;
@@ -33,17 +33,17 @@ FrmAISGPSConfig::FrmAISGPSConfig(std::filesystem::path settingsFile, SerialPorts
   layout_->addRow(Check("chkGPSThroAIS", "GPS data on the AIS port", record_.GPSThroAIS != 0));
 }
 
-void FrmAISGPSConfig::ReadControls() {
-  FrmGPSConfig::ReadControls();
-  int port = PortOfText(ComboText(static_cast<QComboBox*>(controls_["cmbAISPort"])));
-  if (port >= 0) record_.AISPort = static_cast<std::int16_t>(port);
-  int code = BaudCodeOfRate(static_cast<int>(TextValue(ComboText(static_cast<QComboBox*>(controls_["cmbAISBaud"])))));
-  if (code >= 0) record_.AISBaudCode = static_cast<std::int16_t>(code);
-  const double minSpeed = TextValue(ComboText(static_cast<QComboBox*>(controls_["cmbAISSpeed"])));
-  if (minSpeed >= 0) record_.AISMinSpeed = static_cast<float>(minSpeed);
-  record_.AISLineWidth = RoundToInt16(TextValue(ComboText(static_cast<QComboBox*>(controls_["cmbAISLineWidth"]))));
-  record_.AISListIndex = static_cast<std::int16_t>(static_cast<QComboBox*>(controls_["cmbAISFields"])->currentIndex());
-  record_.GPSThroAIS = static_cast<QCheckBox*>(controls_["chkGPSThroAIS"])->isChecked() ? -1 : 0;
+void FrmAISGPSConfig::ReadControls(SettingsRecord& record) const {
+  FrmGPSConfig::ReadControls(record);
+  int port = PortOfText(ComboText(static_cast<QComboBox*>(controls_.at("cmbAISPort"))));
+  if (port >= 0) record.AISPort = static_cast<std::int16_t>(port);
+  int code = BaudCodeOfRate(static_cast<int>(TextValue(ComboText(static_cast<QComboBox*>(controls_.at("cmbAISBaud"))))));
+  if (code >= 0) record.AISBaudCode = static_cast<std::int16_t>(code);
+  const double minSpeed = TextValue(ComboText(static_cast<QComboBox*>(controls_.at("cmbAISSpeed"))));
+  if (minSpeed >= 0) record.AISMinSpeed = static_cast<float>(minSpeed);
+  record.AISLineWidth = RoundToInt16(TextValue(ComboText(static_cast<QComboBox*>(controls_.at("cmbAISLineWidth")))));
+  record.AISListIndex = static_cast<std::int16_t>(static_cast<QComboBox*>(controls_.at("cmbAISFields"))->currentIndex());
+  record.GPSThroAIS = static_cast<QCheckBox*>(controls_.at("chkGPSThroAIS"))->isChecked() ? -1 : 0;
 }
 
 }  // namespace kelvane::forms

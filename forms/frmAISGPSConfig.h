@@ -10,11 +10,11 @@ namespace kelvane::forms {
 class FrmAISGPSConfig : public FrmGPSConfig {
   Q_OBJECT
  public:
-  FrmAISGPSConfig(std::filesystem::path settingsFile, SerialPorts& ports, std::vector<std::string> devices,
-                  QWidget* parent = nullptr);
+  FrmAISGPSConfig(const SettingsRecord& settings, std::filesystem::path settingsFile, SerialPorts& ports,
+                  std::vector<std::string> devices, QWidget* parent = nullptr);
 
  protected:
-  void ReadControls() override;
+  void ReadControls(SettingsRecord& record) const override;
 };
 
 }  // namespace kelvane::forms

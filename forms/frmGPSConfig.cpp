@@ -11,18 +11,17 @@
 
 namespace kelvane::forms {
 
-FrmGPSConfig::FrmGPSConfig(std::filesystem::path settingsFile, SerialPorts& ports, std::vector<std::string> devices,
-                           QWidget* parent)
-    : FrmGPSConfig(std::move(settingsFile), ports, std::move(devices), 4096, parent) {
+FrmGPSConfig::FrmGPSConfig(const SettingsRecord& settings, std::filesystem::path settingsFile, SerialPorts& ports,
+                           std::vector<std::string> devices, QWidget* parent)
+    : FrmGPSConfig(settings, std::move(settingsFile), ports, std::move(devices), 4096, parent) {
   setObjectName("frmGPSConfig");
   setWindowTitle("Configure GPS");
 }
 
-FrmGPSConfig::FrmGPSConfig(std::filesystem::path settingsFile, SerialPorts& ports, std::vector<std::string> devices,
-                           int queueSize, QWidget* parent)
-    : QDialog(parent), file_(std::move(settingsFile)), devices_(std::move(devices)) {
+FrmGPSConfig::FrmGPSConfig(const SettingsRecord& settings, std::filesystem::path settingsFile, SerialPorts& ports,
+                           std::vector<std::string> devices, int queueSize, QWidget* parent)
+    : QDialog(parent), record_(settings), file_(std::move(settingsFile)), devices_(std::move(devices)) {
   showMessage = DefaultMessageSink(this);
-  record_ = ReadSettings(file_);
   found_ = ScanPorts(ports, queueSize);
   Build();
 }
@@ -110,34 +109,35 @@ std::int16_t Flag(QWidget* w) { return static_cast<QCheckBox*>(w)->isChecked() ?
 std::string Text(QWidget* w) { return ComboText(static_cast<QComboBox*>(w)); }
 }  // namespace
 
-void FrmGPSConfig::ReadControls() {
-  int port = PortOfText(Text(controls_["cmbGPSPort"]));
-  if (port >= 0) record_.GPSPort = static_cast<std::int16_t>(port);
-  auto* type = static_cast<QComboBox*>(controls_["cmbGPSType"]);
+void FrmGPSConfig::ReadControls(SettingsRecord& record) const {
+  int port = PortOfText(Text(controls_.at("cmbGPSPort")));
+  if (port >= 0) record.GPSPort = static_cast<std::int16_t>(port);
+  auto* type = static_cast<QComboBox*>(controls_.at("cmbGPSType"));
   const int number = type->currentIndex() + 1;
-  record_.GPSType = GpsTypeText(number);
-  record_.GPSBaudCode = static_cast<std::int16_t>(GpsTypeBaudCode(number));
-  auto* interval = static_cast<QComboBox*>(controls_["cmbGPSInterval"]);
-  record_.GPSInterval = static_cast<std::int16_t>(GpsIntervalChoices()[static_cast<std::size_t>(
+  record.GPSType = GpsTypeText(number);
+  record.GPSBaudCode = static_cast<std::int16_t>(GpsTypeBaudCode(number));
+  auto* interval = static_cast<QComboBox*>(controls_.at("cmbGPSInterval"));
+  record.GPSInterval = static_cast<std::int16_t>(GpsIntervalChoices()[static_cast<std::size_t>(
       std::max(0, interval->currentIndex()))].seconds);
-  record_.AheadVector = static_cast<float>(TextValue(Text(controls_["cmbAheadVector"])));
-  record_.AheadIntervals = static_cast<float>(TextValue(Text(controls_["cmbAheadIntervals"])));
-  record_.VHFRange = static_cast<float>(TextValue(Text(controls_["cmbVHFRange"])));
-  record_.RadarRange = static_cast<float>(TextValue(Text(controls_["cmbRadarRange"])));
-  record_.HorizonRange = static_cast<float>(TextValue(Text(controls_["cmbHorizion"])));
-  record_.GPSColour = static_cast<ColourButton*>(controls_["cmdBoatColour"])->colour();
-  record_.BoatLineWidth = RoundToInt16(TextValue(Text(controls_["cmbBoatLineWidth"])));
-  record_.GPSCentre = Flag(controls_["chkGPSCentre"]);
-  record_.EnableRings = Flag(controls_["chkEnableRings"]);
+  record.AheadVector = static_cast<float>(TextValue(Text(controls_.at("cmbAheadVector"))));
+  record.AheadIntervals = static_cast<float>(TextValue(Text(controls_.at("cmbAheadIntervals"))));
+  record.VHFRange = static_cast<float>(TextValue(Text(controls_.at("cmbVHFRange"))));
+  record.RadarRange = static_cast<float>(TextValue(Text(controls_.at("cmbRadarRange"))));
+  record.HorizonRange = static_cast<float>(TextValue(Text(controls_.at("cmbHorizion"))));
+  record.GPSColour = static_cast<ColourButton*>(controls_.at("cmdBoatColour"))->colour();
+  record.BoatLineWidth = RoundToInt16(TextValue(Text(controls_.at("cmbBoatLineWidth"))));
+  record.GPSCentre = Flag(controls_.at("chkGPSCentre"));
+  record.EnableRings = Flag(controls_.at("chkEnableRings"));
   // Two switches of this form are kept as 32-bit reals, 1.0 on and 0.0 off.
-  record_.TrackLayer = static_cast<QCheckBox*>(controls_["chktracklayer"])->isChecked() ? 1.0f : 0.0f;
-  record_.GPSOption1 = static_cast<QCheckBox*>(controls_["chkcomments"])->isChecked() ? 1.0f : 0.0f;
-  record_.BoatFutureTidePlot = Flag(controls_["chkBoatFutureTidePlot"]);
+  record.TrackLayer = static_cast<QCheckBox*>(controls_.at("chktracklayer"))->isChecked() ? 1.0f : 0.0f;
+  record.GPSOption1 = static_cast<QCheckBox*>(controls_.at("chkcomments"))->isChecked() ? 1.0f : 0.0f;
+  record.BoatFutureTidePlot = Flag(controls_.at("chkBoatFutureTidePlot"));
 }
 
 bool FrmGPSConfig::cmdOK_Click() {
-  ReadControls();
-  if (!WriteSettings(file_, record_)) {
+  const SettingsChange change = [this](SettingsRecord& r) { ReadControls(r); };
+  const bool stored = storeSettings ? storeSettings(change).empty() : ChangeSettingsFile(file_, change);
+  if (!stored) {
     showMessage("Cannot write " + file_.string());
     return false;
   }

@@ -12,6 +12,7 @@
 #include <cmath>
 
 #include "core/format.h"
+#include "state/settingsroad.h"
 
 namespace kelvane::forms {
 
@@ -30,10 +31,10 @@ const std::vector<std::string> kFontSizes = {"8", "10", "12", "14", "16", "18", 
 
 }  // namespace
 
-FrmConfigure::FrmConfigure(Variant variant, std::filesystem::path settingsFile, QWidget* parent)
-    : QDialog(parent), variant_(variant), file_(std::move(settingsFile)) {
+FrmConfigure::FrmConfigure(Variant variant, const SettingsRecord& settings, std::filesystem::path settingsFile,
+                           QWidget* parent)
+    : QDialog(parent), variant_(variant), settings_(settings), file_(std::move(settingsFile)) {
   showMessage = DefaultMessageSink(this);
-  record_ = ReadSettings(file_);
   switch (variant_) {
     case Variant::Wrecks: setObjectName("frmConfigureWrecks"); break;
     case Variant::General: setObjectName("frmConfigure"); break;
@@ -65,7 +66,7 @@ QComboBox* FrmConfigure::Combo(const char* name, const std::vector<std::string>&
 }
 
 void FrmConfigure::Build() {
-  const SettingsRecord& r = record_;
+  const SettingsRecord& r = settings_;
   auto* tabs = new QTabWidget(this);
   auto page = [&](const char* title) {
     auto* w = new QWidget(tabs);
@@ -272,15 +273,31 @@ ConfigureControls FrmConfigure::Controls() const {
 }
 
 void FrmConfigure::cmdconfigok_Click() {
-  ConfigureOutcome out = ApplyConfigure(record_, Controls(), file_);
+  // The checks run on a scratch copy: a refusal leaves the program's
+  // settings and the file as they were.
+  SettingsRecord scratch = settings_;
+  ConfigureControls controls = Controls();
+  ConfigureOutcome out = ApplyConfigure(scratch, controls);
   if (out.cmbUpperShown) {
     if (auto* u = qobject_cast<QComboBox*>(controls_["cmbUpper"])) u->setCurrentText(QString::fromStdString(*out.cmbUpperShown));
     if (auto* l = qobject_cast<QComboBox*>(controls_["cmbLower"])) l->setCurrentText(QString::fromStdString(*out.cmbLowerShown));
+    // The scale pair is saved as shown, already in order.
+    controls.cmbUpper = out.cmbUpperShown;
+    controls.cmbLower = out.cmbLowerShown;
   }
   if (!out.message.empty()) {
     showMessage(out.message);
     return;  // the form stays open
   }
+  const SettingsChange change = [controls](SettingsRecord& r) { (void)ApplyConfigure(r, controls); };
+  const std::string failed = storeSettings ? storeSettings(change)
+                             : ChangeSettingsFile(file_, change) ? std::string()
+                                                                 : SettingsNotSavedMessage(file_);
+  if (!failed.empty()) {
+    showMessage(failed);
+    return;  // the form stays open
+  }
+  out.written = true;
   outcome_ = out;
   accept();
 }

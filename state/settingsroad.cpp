@@ -3,10 +3,9 @@
 namespace kelvane {
 
 std::string UpdateSettings(const std::filesystem::path& file, SettingsRecord& held, const SettingsChange& change) {
-  SettingsRecord stored = ReadSettings(file);
-  change(stored);
+  const bool written = ChangeSettingsFile(file, change);
   change(held);
-  return WriteSettings(file, stored) ? std::string() : SettingsNotSavedMessage(file);
+  return written ? std::string() : SettingsNotSavedMessage(file);
 }
 
 std::string UpdateSettings(ProgramState& state, const SettingsChange& change) {

@@ -14,9 +14,6 @@
 
 namespace kelvane {
 
-// Edits the fields a change owns and no other.
-using SettingsChange = std::function<void(SettingsRecord&)>;
-
 // The round of every change of a setting: the record is read from the file,
 // the change is made to it and it is written back whole (atomically), and
 // the same change is made to the record the program holds. The file thus

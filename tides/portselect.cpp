@@ -32,9 +32,7 @@ std::filesystem::path AreaFilePath(const std::filesystem::path& programFolder, c
 }
 
 bool StoreAreaChoice(const std::filesystem::path& settingsFile, const std::string& label) {
-  SettingsRecord settings = ReadSettings(settingsFile);
-  SetAreaChoice(settings, label);
-  return WriteSettings(settingsFile, settings);
+  return ChangeSettingsFile(settingsFile, [&label](SettingsRecord& settings) { SetAreaChoice(settings, label); });
 }
 
 void SetAreaChoice(SettingsRecord& settings, const std::string& label) { settings.HarmonicFile = TrimBlanks(label); }
@@ -58,9 +56,8 @@ int CurrentPortNumber(int stored, int recordCount) {
 
 bool StorePortChoice(const std::filesystem::path& settingsFile, int recordNo, const std::string& name) {
   if (recordNo < 1) return false;
-  SettingsRecord settings = ReadSettings(settingsFile);
-  SetPortChoice(settings, recordNo, name);
-  return WriteSettings(settingsFile, settings);
+  return ChangeSettingsFile(settingsFile,
+                            [recordNo, &name](SettingsRecord& settings) { SetPortChoice(settings, recordNo, name); });
 }
 
 void SetPortChoice(SettingsRecord& settings, int recordNo, const std::string& name) {

@@ -10,6 +10,7 @@
 #include "core/settings.h"
 #include "forms/frmconfigure.h"
 #include "forms/frmtimdat.h"
+#include "state/settingsroad.h"
 #include "support/gui_support.h"
 
 using namespace kelvane;
@@ -31,7 +32,8 @@ TEST(ConfigureForm, RefusesAndStaysOpenThenSaves) {
   TempTree tree;
   std::filesystem::create_directories(tree.folders.UserFiles());
   ASSERT_TRUE(WriteSettings(tree.folders.SettingsFile(), DefaultSettings(tree.folders)));
-  forms::FrmConfigure form(forms::FrmConfigure::Variant::Wrecks, tree.folders.SettingsFile());
+  const SettingsRecord settings = ReadSettings(tree.folders.SettingsFile());
+  forms::FrmConfigure form(forms::FrmConfigure::Variant::Wrecks, settings, tree.folders.SettingsFile());
   std::vector<std::string> messages;
   form.showMessage = [&](const std::string& m) { messages.push_back(m); };
   form.show();
@@ -67,7 +69,8 @@ TEST(ConfigureForm, StreamSubsetChecksItsFontSize) {
   TempTree tree;
   std::filesystem::create_directories(tree.folders.UserFiles());
   ASSERT_TRUE(WriteSettings(tree.folders.SettingsFile(), DefaultSettings(tree.folders)));
-  forms::FrmConfigure form(forms::FrmConfigure::Variant::Streams, tree.folders.SettingsFile());
+  const SettingsRecord settings = ReadSettings(tree.folders.SettingsFile());
+  forms::FrmConfigure form(forms::FrmConfigure::Variant::Streams, settings, tree.folders.SettingsFile());
   std::string message;
   form.showMessage = [&](const std::string& m) { message = m; };
   EXPECT_EQ(form.findChild<QLineEdit*>("Txtvariation"), nullptr);  // not on this form
@@ -84,6 +87,27 @@ TEST(ConfigureForm, StreamSubsetChecksItsFontSize) {
   EXPECT_EQ(saved.StreamLength, 3);
   EXPECT_EQ(saved.StreamFontSize, 12);
   EXPECT_EQ(saved.Variation, -2.0f);  // a field of another form is kept
+}
+
+// The form used to read the whole record at open and write it back whole at
+// OK, undoing a setting changed elsewhere (a menu switch) while it was open.
+TEST(ConfigureForm, OkKeepsASettingChangedSinceTheFormOpened) {
+  App();
+  TempTree tree;
+  std::filesystem::create_directories(tree.folders.UserFiles());
+  const std::filesystem::path file = tree.folders.SettingsFile();
+  ASSERT_TRUE(WriteSettings(file, DefaultSettings(tree.folders)));
+  SettingsRecord held = ReadSettings(file);
+  forms::FrmConfigure form(forms::FrmConfigure::Variant::Streams, held, file);
+  form.storeSettings = [&](const SettingsChange& change) { return UpdateSettings(file, held, change); };
+  ASSERT_EQ(UpdateSettings(file, held, [](SettingsRecord& r) { r.ShowToolBar = 0; }), "");  // hidden; the factory shows it
+  Child<QComboBox>(form, "cmbStreamLength")->setCurrentText("4");
+  form.cmdconfigok_Click();
+  ASSERT_EQ(form.result(), QDialog::Accepted);
+  for (const SettingsRecord& r : {ReadSettings(file), held}) {
+    EXPECT_EQ(r.ShowToolBar, 0);
+    EXPECT_EQ(r.StreamLength, 4);
+  }
 }
 
 TEST(DateForm, TimeBoxChecks) {

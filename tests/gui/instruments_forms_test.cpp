@@ -60,7 +60,8 @@ TEST(GpsConfigForms, WriteTheSettingsRecordWithTheGpsTypeAsItsNumber) {
   kelvane::testing::SocatPair pair(dir, "gps");
   ASSERT_TRUE(pair.ok());
   PosixSerialPorts ports({pair.b()});
-  forms::FrmGPSConfig form(tree.folders.SettingsFile(), ports, {pair.b()});
+  const SettingsRecord formSettings = ReadSettings(tree.folders.SettingsFile());
+  forms::FrmGPSConfig form(formSettings, tree.folders.SettingsFile(), ports, {pair.b()});
   EXPECT_EQ(form.PortsFound(), std::vector<int>{0});
   form.findChild<QComboBox*>("cmbGPSType")->setCurrentIndex(4);  // "USB 9600 Baud"
   form.findChild<QComboBox*>("cmbGPSInterval")->setCurrentIndex(4);  // "1 Min"
@@ -73,7 +74,8 @@ TEST(GpsConfigForms, WriteTheSettingsRecordWithTheGpsTypeAsItsNumber) {
   EXPECT_EQ(r.GPSPort, 0);
   {
     // Reopened, the form shows type 5, and OK keeps the receiver at 9600.
-    forms::FrmGPSConfig again(tree.folders.SettingsFile(), ports, {pair.b()});
+    const SettingsRecord againSettings = ReadSettings(tree.folders.SettingsFile());
+    forms::FrmGPSConfig again(againSettings, tree.folders.SettingsFile(), ports, {pair.b()});
     EXPECT_EQ(again.findChild<QComboBox*>("cmbGPSType")->currentText(), "USB 9600 Baud");
     ASSERT_TRUE(again.cmdOK_Click());
     r = ReadSettings(tree.folders.SettingsFile());
@@ -81,7 +83,8 @@ TEST(GpsConfigForms, WriteTheSettingsRecordWithTheGpsTypeAsItsNumber) {
     EXPECT_EQ(r.GPSBaudCode, 5);
   }
 
-  forms::FrmAISGPSConfig ais(tree.folders.SettingsFile(), ports, {pair.b()});
+  const SettingsRecord aisSettings = ReadSettings(tree.folders.SettingsFile());
+  forms::FrmAISGPSConfig ais(aisSettings, tree.folders.SettingsFile(), ports, {pair.b()});
   ais.findChild<QComboBox*>("cmbAISPort")->setCurrentIndex(0);
   ais.findChild<QComboBox*>("cmbAISBaud")->setCurrentText("38400");
   // cmbAISSpeed is the slowest target drawn, in knots, not a baud rate.
@@ -96,7 +99,8 @@ TEST(GpsConfigForms, WriteTheSettingsRecordWithTheGpsTypeAsItsNumber) {
   // The comments switch follows its field both ways: it was always shown
   // ticked and never written.
   {
-    forms::FrmGPSConfig again(tree.folders.SettingsFile(), ports, {pair.b()});
+    const SettingsRecord againSettings = ReadSettings(tree.folders.SettingsFile());
+    forms::FrmGPSConfig again(againSettings, tree.folders.SettingsFile(), ports, {pair.b()});
     auto* comments = again.findChild<QCheckBox*>("chkcomments");
     EXPECT_FALSE(comments->isChecked());  // the record written above holds 0
     comments->setChecked(true);
@@ -105,7 +109,8 @@ TEST(GpsConfigForms, WriteTheSettingsRecordWithTheGpsTypeAsItsNumber) {
   }
   EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).GPSOption1, 1.0f);
   EXPECT_EQ(ReadSettings(tree.folders.SettingsFile()).TrackLayer, 1.0f);
-  forms::FrmGPSConfig reopened(tree.folders.SettingsFile(), ports, {pair.b()});
+  const SettingsRecord reopenedSettings = ReadSettings(tree.folders.SettingsFile());
+  forms::FrmGPSConfig reopened(reopenedSettings, tree.folders.SettingsFile(), ports, {pair.b()});
   EXPECT_TRUE(reopened.findChild<QCheckBox*>("chkcomments")->isChecked());
   fs::remove_all(dir);
 }
