@@ -342,6 +342,10 @@ GribPosition GribPointPosition(const GridSection& grid, std::size_t k) {
   GribPosition p;
   p.Lat = grid.La1 + (north ? 1.0 : -1.0) * static_cast<double>(j) * dj;
   p.Lon = grid.Lo1 + (west ? -1.0 : 1.0) * static_cast<double>(i) * di;
+  // A grid across the meridian of Greenwich stored 0..360 (358 to 2) steps
+  // on past 360: fold back to 0 so that the file's convention holds.
+  if (p.Lon >= 360) p.Lon -= 360;
+  if (p.Lon < -180) p.Lon += 360;
   return p;
 }
 

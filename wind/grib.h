@@ -80,7 +80,8 @@ GribReadResult ReadGribFile(const std::filesystem::path& file);
 
 // The position of grid point k (0-based, in scan order) of a message: from
 // the first point and the increments, stepping as the scanning mode says.
-// Longitudes keep the file's convention (0..360 stays 0..360).
+// Longitudes keep the file's convention (0..360 stays 0..360), folded back
+// into -180..360 where a grid steps across the seam.
 struct GribPosition {
   double Lat = 0, Lon = 0;
 };

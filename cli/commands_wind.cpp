@@ -1,0 +1,99 @@
+// grib: read GRIB edition 1 files as the program reads them.
+#include <iostream>
+
+#include "cli/registry.h"
+#include "core/format.h"
+#include "wind/grib.h"
+
+namespace kelvane::cli {
+namespace {
+
+// The reader's message, its CR LF line breaks as the terminal's.
+void ShowError(const std::string& message) {
+  std::string text = message;
+  for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at)) text.replace(at, 2, "\n");
+  std::cout << "error\t" << text << "\n";
+}
+
+std::string Level(const GribRecord& r) {
+  std::string text = std::to_string(r.LevelType) + " " + std::to_string(r.LevelValue1);
+  if (r.LevelValue2 != 0) text += "/" + std::to_string(r.LevelValue2);
+  return text;
+}
+
+std::string ReferenceTime(const GribRecord& r) {
+  int minutes = RoundToInt(r.Minutes);
+  return FormatNumber(r.Year, "0000") + "-" + FormatNumber(r.Month, "00") + "-" + FormatNumber(r.Day, "00") + " " +
+         FormatNumber(minutes / 60, "00") + ":" + FormatNumber(minutes % 60, "00");
+}
+
+std::string Corner(float lat, float lon) { return NumberText(lat) + " " + NumberText(lon); }
+
+// One line per message, tab-separated:
+//   number  param P  level TYPE VALUE[/VALUE2]  ref YYYY-MM-DD HH:MM  P1 n P2 n UNIT
+//   grid Ni x Nj  first LAT LON  last LAT LON  inc Di Dj  scan S  bitmap yes|no
+int Show(const std::string& file) {
+  GribReadResult read = ReadGribFile(file);
+  if (!read.ok) {
+    ShowError(read.message);
+    return 1;
+  }
+  for (std::size_t n = 0; n < read.GribRecords.size(); ++n) {
+    const GribRecord& r = read.GribRecords[n];
+    const GridSection& g = r.Grid;
+    std::cout << n + 1 << "\tparam " << r.Parameter << "\tlevel " << Level(r) << "\tref " << ReferenceTime(r)
+              << "\tP1 " << r.P1 << " P2 " << r.P2 << " " << GribTimeUnitText(r.TimeUnit) << "\tgrid " << g.Ni << " x "
+              << g.Nj << "\tfirst " << Corner(g.La1, g.Lo1) << "\tlast " << Corner(g.La2, g.Lo2) << "\tinc "
+              << NumberText(g.Di) << " " << NumberText(g.Dj) << "\tscan " << g.Scan << "\tbitmap "
+              << (r.HasBitmap ? "yes" : "no") << "\n";
+  }
+  return 0;
+}
+
+// One line per grid point in the file's scan order: lat, lon, value in the
+// file's units, or "missing" where the bitmap leaves the point out.
+int Values(const std::string& file, int only) {
+  GribReadResult read = ReadGribFile(file);
+  if (!read.ok) {
+    ShowError(read.message);
+    return 1;
+  }
+  if (only != 0 && (only < 1 || static_cast<std::size_t>(only) > read.GribRecords.size())) {
+    ShowError("There is no message " + std::to_string(only) + " in the file: it holds " +
+              std::to_string(read.GribRecords.size()));
+    return 1;
+  }
+  for (std::size_t n = 0; n < read.GribRecords.size(); ++n) {
+    if (only != 0 && n + 1 != static_cast<std::size_t>(only)) continue;
+    const GribRecord& r = read.GribRecords[n];
+    for (std::size_t k = 0; k < r.Values.size(); ++k) {
+      GribPosition p = GribPointPosition(r.Grid, k);
+      std::cout << NumberText(static_cast<float>(p.Lat)) << "\t" << NumberText(static_cast<float>(p.Lon)) << "\t";
+      if (!r.Present.empty() && !r.Present[k])
+        std::cout << "missing\n";
+      else
+        std::cout << NumberText(r.Values[k]) << "\n";
+    }
+  }
+  return 0;
+}
+
+Registrar windCommands([](CLI::App& app, Context& ctx) {
+  auto* grib = app.add_subcommand("grib", "GRIB edition 1 wind files");
+  grib->require_subcommand(1);
+
+  auto* show = grib->add_subcommand("show", "One line per message: parameter, level, time, grid and bitmap");
+  static std::string showFile;
+  show->add_option("file", showFile, "GRIB file")->required();
+  show->callback([&ctx] { ctx.exitCode = Show(showFile); });
+
+  auto* values = grib->add_subcommand("values", "One line per grid point in scan order: latitude, longitude, value");
+  static std::string valuesFile;
+  static int message = 0;
+  values->add_option("file", valuesFile, "GRIB file")->required();
+  values->add_option("--message", message, "Only message N (from 1)");
+  values->callback([&ctx] { ctx.exitCode = Values(valuesFile, message); });
+});
+
+}  // namespace
+}  // namespace kelvane::cli
