@@ -14,6 +14,8 @@ PACKAGES=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # peers and harnesses used by the tests
   socat gpsbabel gpsd-clients xvfb xauth sqlite3 mdbtools
+  # ecCodes (grib_filter, grib_get_data): makes and checks the GRIB test files
+  libeccodes-tools
   # sanitizer runtimes for the instrumented test run
   libclang-rt-14-dev
   # the locales whose date order and weekday names the tests probe
