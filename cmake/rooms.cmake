@@ -44,7 +44,7 @@ kelvane_room(chart       LIBRARY USES core store routes passage)
 # The AIS display list places its symbols through the chart's screen
 # arithmetic.
 kelvane_room(instruments LIBRARY USES core chart)
-kelvane_room(wind        LIBRARY USES core)
+kelvane_room(wind        LIBRARY USES core store)
 kelvane_room(wrecks      LIBRARY USES)
 kelvane_room(state       LIBRARY USES core tides streams routes passage chart)
 
