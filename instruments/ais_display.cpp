@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "instruments/ais_report.h"
 
@@ -66,13 +67,21 @@ AisDisplayList AisDisplay(const AisTargetTable& table, const SettingsRecord& s, 
   AisDisplayList list;
   // A vessel: a circle, or with DisplayAISAsBoat a boat outline along its
   // course that grows with the zoom.
-  auto vessel = [&](std::size_t i, const AISTarget& t, bool filled, std::int32_t colour, bool details) {
+  // The mark of target i at its screen point, or nothing when the point
+  // is off the surface.
+  auto markAt = [&](std::size_t i, const AISTarget& t, std::int32_t colour) -> std::optional<AisTargetMark> {
     const ScreenPoint at = view.toScreen(t.Lat, t.Long);
-    if (!On(view, at)) return;
+    if (!On(view, at)) return std::nullopt;
     AisTargetMark mark;
     mark.target = i;
     mark.at = at;
     mark.colour = colour;
+    return mark;
+  };
+  auto vessel = [&](std::size_t i, const AISTarget& t, bool filled, std::int32_t colour, bool details) {
+    std::optional<AisTargetMark> placed = markAt(i, t, colour);
+    if (!placed) return;
+    AisTargetMark& mark = *placed;
     mark.filled = filled;
     mark.lineWidth = s.AISLineWidth;
     mark.course = t.Course;
@@ -109,13 +118,10 @@ AisDisplayList AisDisplay(const AisTargetTable& table, const SettingsRecord& s, 
         }
         break;
       case 9: {
-        const ScreenPoint at = view.toScreen(t.Lat, t.Long);
-        if (!On(view, at)) break;
-        AisTargetMark mark;
-        mark.target = i;
+        std::optional<AisTargetMark> placed = markAt(i, t, s.AISColour);
+        if (!placed) break;
+        AisTargetMark& mark = *placed;
         mark.symbol = AisSymbol::Aircraft;
-        mark.at = at;
-        mark.colour = s.AISColour;
         mark.lineWidth = s.AISLineWidth;
         mark.course = t.Course;
         mark.size = 8;
@@ -124,13 +130,10 @@ AisDisplayList AisDisplay(const AisTargetTable& table, const SettingsRecord& s, 
         break;
       }
       case 21: {
-        const ScreenPoint at = view.toScreen(t.Lat, t.Long);
-        if (!On(view, at)) break;
-        AisTargetMark mark;
-        mark.target = i;
+        std::optional<AisTargetMark> placed = markAt(i, t, kBandGrey);
+        if (!placed) break;
+        AisTargetMark& mark = *placed;
         mark.symbol = AisSymbol::AidMark;
-        mark.at = at;
-        mark.colour = kBandGrey;
         mark.lineWidth = 2;
         mark.size = std::max<int>(2, s.WaySize);
         mark.bands = SymbolBands(AidTypeSymbol(AidType(t.ShipType)));
