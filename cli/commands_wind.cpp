@@ -1,9 +1,13 @@
-// grib: read GRIB edition 1 files as the program reads them.
+// grib: read GRIB edition 1 files as the program reads them, and fill the
+// wind store from one; wind at: the stored wind of a place and time.
 #include <iostream>
 
 #include "cli/registry.h"
 #include "core/format.h"
+#include "core/timetext.h"
+#include "core/windconfig.h"
 #include "wind/grib.h"
+#include "wind/windstore.h"
 
 namespace kelvane::cli {
 namespace {
@@ -78,6 +82,53 @@ int Values(const std::string& file, int only) {
   return 0;
 }
 
+// Fills the user's wind store (~wind.dat and ~GrDa.tmp) from a GRIB file,
+// as the import form does.
+int Import(const Folders& folders, const std::string& file) {
+  WindImport import = ImportGribToWindStore(file, folders.WindStoreFile(), folders.GribPointsFile());
+  if (!import.ok) {
+    ShowError(import.message);
+    return 1;
+  }
+  std::cout << import.message << "\n"
+            << "messages " << import.messages << "\tU/V pairs " << import.pairs << "\twind records "
+            << import.records << "\n"
+            << "Wind store: " << folders.WindStoreFile().string() << "\n"
+            << "Times are UTC, as the forecast gives them.\n";
+  return 0;
+}
+
+// The stored wind at a place and a UTC moment: the nearest grid point of the
+// 3-hour slot. Without coverage, the route tools' message and the working
+// wind they then keep (WindConfig.cfg's route wind).
+int At(const Folders& folders, float lat, float lon, const std::string& at) {
+  std::optional<TypedMoment> moment = ParseDateTime(at);
+  if (!moment) {
+    ShowError("The time must be given as \"YYYY-MM-DD HH:MM\": " + at);
+    return 1;
+  }
+  // The typed date itself (checked by ParseDateTime), not through the
+  // day-of-year tables, whose leap years are the program's own.
+  int month = std::stoi(at.substr(5, 2));
+  int day = std::stoi(at.substr(8, 2));
+  WorkingWind working = WorkingWindFrom(ReadWindConfig(folders.WindConfigFile()));
+  WindLookup previous;
+  previous.speed = working.speed;
+  previous.direction = working.direction;
+  WindLookup wind = LookupWind(folders.WindStoreFile(), lat, lon, month, day, moment->year, moment->hours, previous);
+  if (!wind.found) {
+    std::cout << kRouteWindCoverageMessage << "\n"
+              << "wind " << FormatNumber(previous.speed, "0.0") << "kn from " << FormatNumber(previous.direction, "000")
+              << "°T (the working wind)";
+    if (wind.rangeNm >= 0) std::cout << "\tnearest grid point " << FormatNumber(wind.rangeNm, "0.0") << "nm away";
+    std::cout << "\n";
+    return 2;
+  }
+  std::cout << "wind " << FormatNumber(wind.speed, "0.0") << "kn from " << FormatNumber(wind.direction, "000")
+            << "°T\tgrid point " << FormatNumber(wind.rangeNm, "0.0") << "nm away\n";
+  return 0;
+}
+
 Registrar windCommands([](CLI::App& app, Context& ctx) {
   auto* grib = app.add_subcommand("grib", "GRIB edition 1 wind files");
   grib->require_subcommand(1);
@@ -93,6 +144,21 @@ Registrar windCommands([](CLI::App& app, Context& ctx) {
   values->add_option("file", valuesFile, "GRIB file")->required();
   values->add_option("--message", message, "Only message N (from 1)");
   values->callback([&ctx] { ctx.exitCode = Values(valuesFile, message); });
+
+  auto* import = grib->add_subcommand("import", "Fill the wind store from a GRIB file, as the import form does");
+  static std::string importFile;
+  import->add_option("file", importFile, "GRIB file")->required();
+  import->callback([&ctx] { ctx.exitCode = Import(ctx.folders(), importFile); });
+
+  auto* wind = app.add_subcommand("wind", "The stored wind of the last GRIB import");
+  wind->require_subcommand(1);
+  auto* at = wind->add_subcommand("at", "Wind at a place and UTC time: nearest grid point of the 3-hour slot");
+  static float lat = 0, lon = 0;
+  static std::string when;
+  at->add_option("--lat", lat, "Latitude, degrees north positive")->required();
+  at->add_option("--lon", lon, "Longitude, degrees east positive")->required();
+  at->add_option("--at", when, "\"YYYY-MM-DD HH:MM\", UTC")->required();
+  at->callback([&ctx] { ctx.exitCode = At(ctx.folders(), lat, lon, when); });
 });
 
 }  // namespace

@@ -33,6 +33,10 @@ struct Folders {
   std::filesystem::path UserFiles() const { return userFolder / "KelvaneFiles"; }
   std::filesystem::path SettingsFile() const;
   std::filesystem::path WindConfigFile() const;
+  // The wind of the last GRIB import, beside WindConfig.cfg: the store of
+  // 20-byte records the lookups read, and the list of decoded points.
+  std::filesystem::path WindStoreFile() const { return UserFiles() / "~wind.dat"; }
+  std::filesystem::path GribPointsFile() const { return UserFiles() / "~GrDa.tmp"; }
   std::filesystem::path WorkingFiles() const { return programFolder / "KelvaneFiles"; }
   std::filesystem::path WaypointsFolder() const { return WorkingFiles() / "Waypoints"; }
   std::filesystem::path RoutesFolder() const { return WorkingFiles() / "Routes"; }
