@@ -12,10 +12,12 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/positions.h"
+#include "core/windconfig.h"
 
 namespace kelvane {
 
@@ -82,6 +84,10 @@ struct RoutePoint {
   std::int16_t Spare8 = 0;
   float ScreenX = 0, ScreenY = 0;
   std::int16_t StopMinutes = 0;  // stopped here before the next leg (dive time)
+  // The wind on the leg that starts here, once one has been set for it
+  // (from the wind store, or worked in the wind form); until then the leg
+  // sails in the working wind of the route forms.
+  std::optional<WindSlot> LegWind;
 };
 
 struct PassageState {
