@@ -90,6 +90,11 @@ TEST(GribValues, EveryPointComesBackWithItsPositionAndTheValueWrittenAndAgreesWi
        {-5.5, -3.25, 0, 1.5, 2, 4.75, 6, 7.5, -1, 0.25, 3, 9.5, -12.345, -7.5, -0.125, 0, 3.3, 8.8, 12.25, 15, 20.5,
         1, M, 3, 4.5, M, -6},
        0.07},
+      // Two forecast steps (+ 0 h and + 3 h) of U and V, out of order.
+      {"wind_signed.grb",
+       "1\tparam 33\tlevel 105 10\tref 2026-11-25 12:00\tP1 0 P2 0 hour\tgrid 3 x 2\tfirst 51 -0.5\tlast 50.5 0.5\tinc 0.5 0.5\tscan 0\tbitmap no",
+       {51, -0.5}, {50.5, 0.5},
+       {0, 5, -3, 3, -4, 0, 0, 0, 0, 0, 0, 0, -5, 0, 4, 4, 3, 0, 10, 10, 10, 10, 10, 10}, 0.01},
   };
   bool eccodes = HaveEccodes();
   for (const Row& row : rows) {
