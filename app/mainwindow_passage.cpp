@@ -8,7 +8,6 @@
 #include <QPlainTextEdit>
 
 #include "app/mainwindow.h"
-#include "app/mainwindow_instruments.h"
 #include "forms/formsupport.h"
 #include "forms/frmcalcroute.h"
 #include "forms/frmresults.h"
