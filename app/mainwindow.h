@@ -13,6 +13,7 @@
 
 #include "core/windowtext.h"
 #include "forms/formsupport.h"
+#include "passage/routeform.h"
 #include "state/programstate.h"
 
 class QLabel;
@@ -100,6 +101,8 @@ class FrmChart : public QMainWindow {
   // The route menu's calculation and its results (mainwindow_passage.cpp).
   void mnucalcrte_Click();
   void mnuLastRouteResults_Click();
+  // The route menu's single leg (mainwindow_setleg.cpp).
+  void mnuSetLeg_Click();
   // The files of waypoints and routes (mainwindow_files.cpp).
   void mnuRouteSave_Click();
   void mnuFilWayLoad_Click();
@@ -119,6 +122,9 @@ class FrmChart : public QMainWindow {
   void BuildToolBar();
   void ConnectMenus();
   void ConnectPassageMenus();
+  void ConnectSetLegMenu();
+  // The GPS as the leg forms see it: the own ship's fix, or none.
+  GpsReading CurrentGpsReading() const;
   void ConnectFileMenus();
   // A name box for a new waypoint file: an empty one, or the chart's
   // waypoints saved under it; the file becomes the one in use.

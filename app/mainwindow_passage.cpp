@@ -8,7 +8,6 @@
 #include <QPlainTextEdit>
 
 #include "app/mainwindow.h"
-#include "app/mainwindow_instruments.h"
 #include "forms/formsupport.h"
 #include "forms/frmcalcroute.h"
 #include "forms/frmresults.h"
@@ -71,16 +70,7 @@ void FrmChart::mnucalcrte_Click() {
 
   forms::frmcalcroute form(state_.passage, state_.Streams(), state_.settings, state_.moment, this);
   form.showMessage = showMessage;
-  form.gpsReading = [this] {
-    GpsReading fix;
-    if (!instruments_) return fix;
-    const OwnShipState& own = instruments_->State().own;
-    fix.valid = own.GPSValid == -1;
-    fix.lat = own.GPSLat;
-    fix.lon = own.GPSLong;
-    fix.sog = own.GPSSpeed;
-    return fix;
-  };
+  form.gpsReading = [this] { return CurrentGpsReading(); };
   form.Timer1_Timer();
   // Each calculation starts the report box afresh.
   auto* box = findChild<QPlainTextEdit*>("txtRouteReport");

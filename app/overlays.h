@@ -147,6 +147,7 @@ void DrawCursor(OverlayFrame& f);
 void DrawWaypoints(OverlayFrame& f);  // circles or symbol marks by WayPointIcon
 void DrawPorts(OverlayFrame& f);
 void DrawCOG(OverlayFrame& f);
+void DrawLegConstruction(OverlayFrame& f);  // the single leg's water track and stream vectors
 void DrawOwnBoat(OverlayFrame& f);    // DrawInBoat, history marks, DrawinFuturePos
 void DrawMOB(OverlayFrame& f);
 void DrawMarkedPoint(OverlayFrame& f);

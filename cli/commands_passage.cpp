@@ -1,5 +1,6 @@
-// stream, route: the stream lookup and the route calculation, headless.
-// Both work from the program's state made with the user's settings file of
+// stream, route, leg: the stream lookup, the route calculation and one
+// leg worked by hand, headless.
+// All work from the program's state made with the user's settings file of
 // the data tree, as the window's does, so that a route gives the same
 // passage here as in the window; the options override single settings.
 #include <cmath>
@@ -8,11 +9,14 @@
 #include <optional>
 
 #include "cli/registry.h"
+#include "core/clock.h"
 #include "core/format.h"
 #include "core/positions.h"
 #include "core/settings.h"
 #include "core/timetext.h"
+#include "core/workingtime.h"
 #include "passage/routecalc.h"
+#include "passage/singleleg.h"
 #include "routes/gpx.h"
 #include "state/areaday.h"
 #include "state/programstate.h"
@@ -175,6 +179,86 @@ int Route(const Context& cli, const RouteOptions& o) {
   return status;
 }
 
+struct LegOptions {
+  std::string from, to, speed, at, area;
+  std::optional<std::string> leeway;
+  bool port = false, starboard = false, noTides = false;
+};
+
+// One leg as the single-leg form works it, from the same checks and the
+// same report; a low speed is answered Yes, as the route command does.
+int SolveLegCommand(const Context& cli, const LegOptions& o, const SettingsInUse& settings) {
+  TypedMoment at;
+  if (o.at.empty()) {
+    WorkingMoment now;
+    ReadClock(now, LocalNow());
+    at = {now.WorkingDay, now.WorkingYear, now.WorkingTime, HoursToClock(now.WorkingTime)};
+  } else if (auto typed = ParseDateTime(o.at)) {
+    at = *typed;
+  } else {
+    std::cerr << "Give the moment as \"YYYY-MM-DD HH:MM\"\n";
+    return 2;
+  }
+  ProgramState state = MomentState(cli, settings, at, false);
+  const SettingsRecord& s = state.settings;
+
+  SingleLegInput in;
+  in.Start = o.from;
+  in.Dest = o.to;
+  in.Speed = o.speed;
+  in.LeewayOn = o.leeway.has_value();
+  in.LeewayText = o.leeway.value_or("");
+  in.Side = o.port ? LeewaySide::Port : o.starboard ? LeewaySide::Starboard : LeewaySide::None;
+  CheckedLeg leg = CheckSingleLeg(in);
+  if (leg.verdict == LegCheckVerdict::AskToContinue) {
+    std::cerr << leg.message << "\n-> Yes\n";
+    in.LowSpeedAccepted = true;
+    leg = CheckSingleLeg(in);
+  }
+  if (leg.verdict != LegCheckVerdict::Ready) {
+    std::cerr << leg.message << "\n";
+    return 1;
+  }
+
+  SingleLegSettings ls;
+  ls.UseTides = s.UseTides != 0 && !o.noTides;
+  ls.Variation = s.Variation;
+  ls.CalcInterval = s.CalcInterval;
+  ls.AcceptableError = s.AcceptableError;
+  ls.Day = at.day;
+  ls.Year = at.year;
+  ls.Time = at.hours;
+  if (ls.UseTides) {
+    // The area of the chart in use unless another is named, as the window
+    // works with the diamonds of its chart's area.
+    const std::string area = o.area.empty() ? s.ChartSet : o.area;
+    if (std::string m = LoadAreaForDay(state, area, at.day, at.year, at.hours); !m.empty()) {
+      std::cerr << m << "\n";
+      return 1;
+    }
+  }
+  StreamContext ctx = state.Streams();
+  const SingleLegOutcome outcome = SolveSingleLeg(ctx, state.passage, leg, ls);
+  for (const std::string& notice : outcome.notices) std::cerr << notice << "\n";
+  switch (outcome.verdict) {
+    case LegSolveVerdict::Failed:
+      std::cerr << outcome.message << "\n";
+      return 1;
+    case LegSolveVerdict::Solved:
+      for (const std::string& line : outcome.lines) std::cout << line << "\n";
+      return 0;
+  }
+  return 1;
+}
+
+int Leg(const Context& cli, const LegOptions& o) {
+  const SettingsInUse settings = ReadSettingsInUse(cli.folders());
+  const int status = SolveLegCommand(cli, o, settings);
+  std::cout.flush();
+  std::cerr << SettingsInUseLine(settings) << "\n";
+  return status;
+}
+
 Registrar passageCommands([](CLI::App& app, Context& ctx) {
   auto so = std::make_shared<StreamOptions>();
   auto* stream = app.add_subcommand("stream", "The tidal stream at a place and a moment, from the area's diamonds");
@@ -200,6 +284,22 @@ Registrar passageCommands([](CLI::App& app, Context& ctx) {
   route->add_flag("--details", ro->details, "Add the tidal-details table");
   route->add_flag("--summer", ro->summer, "Summer time: the tides an hour later (default: the settings' SummerTime)");
   route->callback([&ctx, ro] { ctx.exitCode = Route(ctx, *ro); });
+
+  auto lo = std::make_shared<LegOptions>();
+  auto* leg = app.add_subcommand("leg", "One leg from position to position through the tidal streams, as the single-leg form works it");
+  leg->add_option("--from", lo->from, "Start, \"DD.MM.mmN DDD.MM.mmW\"")->required();
+  leg->add_option("--to", lo->to, "Destination, \"DD.MM.mmN DDD.MM.mmW\"")->required();
+  leg->add_option("--speed", lo->speed, "Boat speed through the water, knots")->required();
+  leg->add_option("--at", lo->at, "Departure, \"YYYY-MM-DD HH:MM\" (default: now)");
+  leg->add_option("--area", lo->area, "Area: the name of Charts/<area>.l35 in the data root (default: the settings' ChartSet)");
+  auto* leeway = leg->add_option("--leeway", lo->leeway, "Leeway, degrees: switches leeway on; give the wind side");
+  auto* port = leg->add_flag("--port", lo->port, "Wind on the port side: leeway taken off the course");
+  auto* starboard = leg->add_flag("--starboard", lo->starboard, "Wind on the starboard side: leeway added to the course");
+  port->excludes(starboard);
+  port->needs(leeway);
+  starboard->needs(leeway);
+  leg->add_flag("--no-tides", lo->noTides, "The plain range and bearing, without the streams (default: the settings' UseTides)");
+  leg->callback([&ctx, lo] { ctx.exitCode = Leg(ctx, *lo); });
 });
 
 }  // namespace

@@ -90,6 +90,17 @@ struct RoutePoint {
   std::optional<WindSlot> LegWind;
 };
 
+// What the single-leg form asks the chart to draw beside the leg's track:
+// the stream vectors (the drift chain from A, one vector a step) and the
+// water track (from the end of the drift chain to B: the course steered
+// through the water, the third side of the course-to-steer triangle).
+struct LegConstruction {
+  bool WaterTrack = false;
+  bool Vectors = false;
+  std::vector<DriftPoint> Drift;  // DriftChain[0..BestIndex]; Drift[0] is A
+  DriftPoint Dest;
+};
+
 struct PassageState {
   std::vector<RoutePoint> Route = std::vector<RoutePoint>(1);  // points from 1
 
@@ -107,6 +118,7 @@ struct PassageState {
   std::vector<std::string> ResultText;
   std::vector<std::string> SummaryText;
   float RouteDistance = 0;
+  LegConstruction LegChart;  // emptied with the results
 };
 
 // Number of route points (Route holds its blank element 0).

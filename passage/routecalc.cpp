@@ -180,6 +180,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     dateText = std::to_string(date->dayOfMonth) + " " + date->monthName + " " + std::to_string(in.Year);
   s.RouteCog.assign(1, CogPoint{});
   s.RouteStreams.assign(1, StreamSample{});
+  s.LegChart = {};
   const std::string departText = in.DepartureText;
   s.ResultText[0] = "RESULTS ARE FROM DERIVED DATA AND AS SUCH ARE ONLY APPROXIMATE";
   s.ResultText[1] = "   ";
