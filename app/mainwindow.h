@@ -100,6 +100,10 @@ class FrmChart : public QMainWindow {
   // The route menu's calculation and its results (mainwindow_passage.cpp).
   void mnucalcrte_Click();
   void mnuLastRouteResults_Click();
+  // The wind forms (mainwindow_wind.cpp): the leg speeds from the wind over
+  // the route, run over `parent`, and the true and apparent wind calculator.
+  void RunWindForm(QWidget* parent);
+  void mnuWindTrueApp_Click();
   // The files of waypoints and routes (mainwindow_files.cpp).
   void mnuRouteSave_Click();
   void mnuFilWayLoad_Click();
@@ -119,6 +123,7 @@ class FrmChart : public QMainWindow {
   void BuildToolBar();
   void ConnectMenus();
   void ConnectPassageMenus();
+  void ConnectWindMenus();
   void ConnectFileMenus();
   // A name box for a new waypoint file: an empty one, or the chart's
   // waypoints saved under it; the file becomes the one in use.
