@@ -103,6 +103,10 @@ class FrmChart : public QMainWindow {
   void mnuLastRouteResults_Click();
   // The route menu's single leg (mainwindow_setleg.cpp).
   void mnuSetLeg_Click();
+  // The wind forms (mainwindow_wind.cpp): the leg speeds from the wind over
+  // the route, run over `parent`, and the true and apparent wind calculator.
+  void RunWindForm(QWidget* parent);
+  void mnuWindTrueApp_Click();
   // The files of waypoints and routes (mainwindow_files.cpp).
   void mnuRouteSave_Click();
   void mnuFilWayLoad_Click();
@@ -125,6 +129,7 @@ class FrmChart : public QMainWindow {
   void ConnectSetLegMenu();
   // The GPS as the leg forms see it: the own ship's fix, or none.
   GpsReading CurrentGpsReading() const;
+  void ConnectWindMenus();
   void ConnectFileMenus();
   // A name box for a new waypoint file: an empty one, or the chart's
   // waypoints saved under it; the file becomes the one in use.

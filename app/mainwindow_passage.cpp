@@ -72,6 +72,8 @@ void FrmChart::mnucalcrte_Click() {
   form.showMessage = showMessage;
   form.gpsReading = [this] { return CurrentGpsReading(); };
   form.Timer1_Timer();
+  form.windDirection = [this] { return state_.workingWind.direction; };
+  form.runWind = [this, &form] { RunWindForm(&form); };
   // Each calculation starts the report box afresh.
   auto* box = findChild<QPlainTextEdit*>("txtRouteReport");
   bool reportStarted = false;

@@ -150,8 +150,7 @@ Registrar windCommands([](CLI::App& app, Context& ctx) {
   import->add_option("file", importFile, "GRIB file")->required();
   import->callback([&ctx] { ctx.exitCode = Import(ctx.folders(), importFile); });
 
-  auto* wind = app.add_subcommand("wind", "The stored wind of the last GRIB import");
-  wind->require_subcommand(1);
+  auto* wind = SharedCommand(app, "wind", kWindCommandHelp);
   auto* at = wind->add_subcommand("at", "Wind at a place and UTC time: nearest grid point of the 3-hour slot");
   static float lat = 0, lon = 0;
   static std::string when;

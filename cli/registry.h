@@ -10,6 +10,7 @@
 
 #include <CLI/CLI.hpp>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "core/datatree.h"
@@ -30,5 +31,16 @@ std::vector<Adder>& Adders();
 struct Registrar {
   explicit Registrar(Adder adder) { Adders().push_back(std::move(adder)); }
 };
+
+// A command that several files fill with subcommands (`wind`): the one
+// already made, or a new one needing a subcommand. The adders run in no
+// set order, so each file asks for it this way.
+inline CLI::App* SharedCommand(CLI::App& app, const std::string& name, const std::string& description) {
+  for (CLI::App* sub : app.get_subcommands([&name](CLI::App* s) { return s->get_name() == name; })) return sub;
+  CLI::App* command = app.add_subcommand(name, description);
+  command->require_subcommand(1);
+  return command;
+}
+inline constexpr const char* kWindCommandHelp = "Wind: the stored wind of the last GRIB import, the wind calculator";
 
 }  // namespace kelvane::cli

@@ -17,9 +17,11 @@
 
 #include "core/format.h"
 #include "core/timetext.h"
+#include "core/windconfig.h"
 #include "forms/frmCalcRouteModification.h"
 #include "forms/messages.h"
 #include "forms/reportlines.h"
+#include "wind/sailing.h"
 
 namespace kelvane::forms {
 
@@ -58,6 +60,7 @@ frmcalcroute::frmcalcroute(PassageState& passage, StreamContext streams, const S
     box.exec();
   };
   askYesNo = [this](const std::string& text) { return AskYesNo(this, text); };
+  windDirection = [] { return WorkingWindFrom(FirstRunWindConfig()).direction; };
   runModification = [this](PassageState& s, int leg, const LegEdit& edit) {
     frmCalcRouteModification form(s, leg, this);
     form.SetEdit(edit);
@@ -101,9 +104,7 @@ void frmcalcroute::Build() {
   Timer1->setObjectName("Timer1");
   Timer1->setInterval(1000);
   cmdWind = Button(this, "cmdWind", "Wind...");
-  cmdWind->setEnabled(false);
   cmdTack = Button(this, "cmdTack", "Tack");
-  cmdTack->setEnabled(false);
   chkLeeway = new QCheckBox("Leeway", this);
   chkLeeway->setObjectName("chkLeeway");
   chkLeeway->setChecked(settings_.UseLeeway != 0);
@@ -183,6 +184,8 @@ void frmcalcroute::Build() {
   connect(cmdCopy, &QPushButton::clicked, this, &frmcalcroute::cmdCopy_Click);
   connect(Cmdrteok, &QPushButton::clicked, this, &frmcalcroute::Cmdrteok_Click);
   connect(cmdUseGPS, &QPushButton::clicked, this, &frmcalcroute::cmdUseGPS_Click);
+  connect(cmdTack, &QPushButton::clicked, this, &frmcalcroute::cmdTack_Click);
+  connect(cmdWind, &QPushButton::clicked, this, &frmcalcroute::cmdWind_Click);
   connect(Timer1, &QTimer::timeout, this, &frmcalcroute::Timer1_Timer);
   Timer1->start();
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -194,6 +197,7 @@ void frmcalcroute::RefreshLegs() {
   List1->clear();
   for (const std::string& line : LegListLines(passage_)) List1->addItem(ToQString(line));
   List1->blockSignals(false);
+  cmdTack->setEnabled(!working_ && RouteCount(passage_) >= 2);
   ShowLeg(keep >= 1 && keep < RouteCount(passage_) ? keep : 0);
 }
 
@@ -250,6 +254,21 @@ void frmcalcroute::cmdUseGPS_Click() {
 
 void frmcalcroute::cmdCopy_Click() { CopyLines(LegListLines(passage_)); }
 
+void frmcalcroute::cmdTack_Click() {
+  std::vector<Position> points;
+  for (int i = 1; i <= RouteCount(passage_); ++i)
+    points.push_back({passage_.Route[static_cast<std::size_t>(i)].Lat, passage_.Route[static_cast<std::size_t>(i)].Lon});
+  const std::vector<WindSide> tacks = LegTacks(points, windDirection());
+  for (std::size_t leg = 0; leg < tacks.size(); ++leg)
+    passage_.Route[leg + 1].Tack = static_cast<std::int16_t>(tacks[leg]);
+  RefreshLegs();
+}
+
+void frmcalcroute::cmdWind_Click() {
+  if (runWind) runWind();
+  RefreshLegs();
+}
+
 void frmcalcroute::reject() {
   if (!working_) QDialog::reject();
 }
@@ -260,6 +279,7 @@ void frmcalcroute::SetWorking(bool working) {
                      static_cast<QWidget*>(lsthrs), static_cast<QWidget*>(lstmins),
                      static_cast<QWidget*>(cmdmodify), static_cast<QWidget*>(cmdRouteSpeed),
                      static_cast<QWidget*>(cmdreverse), static_cast<QWidget*>(cmdCopy),
+                     static_cast<QWidget*>(cmdWind), static_cast<QWidget*>(cmdTack),
                      static_cast<QWidget*>(chkLeeway), static_cast<QWidget*>(txtLeeway),
                      static_cast<QWidget*>(Cmdrteok), static_cast<QWidget*>(cmdCancel)})
     w->setEnabled(!working);

@@ -45,6 +45,8 @@ class frmcalcroute : public QDialog, public LegEditFields {
   void cmdmodify_Click();
   void List1_Click(int row);
   void cmdUseGPS_Click();
+  void cmdTack_Click();
+  void cmdWind_Click();
   // One tick of the GPS line: the position and speed now, and the GPS
   // buttons on while there is a fix.
   void Timer1_Timer();
@@ -69,8 +71,8 @@ class frmcalcroute : public QDialog, public LegEditFields {
   QCheckBox* chkUseSOG = nullptr;    // ... and the speed over the ground into every leg
   QLabel* lblGPS = nullptr;          // the GPS line, kept by Timer1
   QTimer* Timer1 = nullptr;
-  QPushButton* cmdWind = nullptr;  // leg speeds from the wind: not yet
-  QPushButton* cmdTack = nullptr;
+  QPushButton* cmdWind = nullptr;  // leg speeds from the wind (frmWind)
+  QPushButton* cmdTack = nullptr;  // the tack of every leg against the working wind
   QCheckBox* chkLeeway = nullptr;
   QLineEdit* txtLeeway = nullptr;
   QProgressBar* ProgressBar1 = nullptr;
@@ -89,6 +91,12 @@ class frmcalcroute : public QDialog, public LegEditFields {
   // holds its timers meanwhile, so that nothing touches the route or the
   // tides while the events are pumped between legs.
   std::function<void(bool)> working;
+  // The working wind's direction, degrees true, that cmdTack sets the legs
+  // against; by default the first-run wind's.
+  std::function<float()> windDirection;
+  // Runs the leg-speed form over the route (cmdWind); the legs are listed
+  // again when it closes.
+  std::function<void()> runWind;
   // The GPS now; without it the form has no fix.
   std::function<GpsReading()> gpsReading;
   // Where the report lines of each leg go besides the results (the main

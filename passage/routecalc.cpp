@@ -106,11 +106,15 @@ std::vector<std::string> LegListLines(const PassageState& s) {
     lines.push_back("To      :" + b.Name);
     std::string third = "Speed : " + NumberText(a.Speed) + " Kn.   " + "Range = " + FormatNumber(rb.range, "0.0") +
                         "  Bearing = " + FormatNumber(rb.bearing, "000") + "°T  ";
-    if (a.Tack == 1) third += "Port Tack";
-    if (a.Tack == 2) third += "Starboard Tack";
-    lines.push_back(third);
+    lines.push_back(third + TackWord(a.Tack));
   }
   return lines;
+}
+
+std::string TackWord(std::int16_t tack) {
+  if (tack == 1) return "Port Tack";
+  if (tack == 2) return "Starboard Tack";
+  return "";
 }
 
 std::vector<std::string> TidalDetailsLines(const PassageState& s, bool showIds, bool displayAll) {

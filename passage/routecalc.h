@@ -104,5 +104,8 @@ std::vector<std::string> TidalDetailsLines(const PassageState& s, bool showIds, 
 
 // The legs list of the route form: three lines a leg.
 std::vector<std::string> LegListLines(const PassageState& s);
+// The word of a leg's tack on its line: "Port Tack" for 1, "Starboard
+// Tack" for 2, nothing for any other value.
+std::string TackWord(std::int16_t tack);
 
 }  // namespace kelvane

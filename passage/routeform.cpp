@@ -56,6 +56,16 @@ void UseGpsPosition(PassageState& s, const GpsReading& fix, bool useSog) {
   if (useSog) SetRouteSpeed(s, fix.sog);
 }
 
+float HoursBeforeLeg(const PassageState& s, int leg) {
+  float hours = 0;
+  for (int i = 1; i < leg && i < RouteCount(s); ++i) {
+    const RoutePoint& a = s.Route[static_cast<std::size_t>(i)];
+    const RoutePoint& b = s.Route[static_cast<std::size_t>(i + 1)];
+    if (a.Speed > 0.0f) hours += RangeBearing(a.Lat, a.Lon, b.Lat, b.Lon).range / a.Speed;
+  }
+  return hours;
+}
+
 void ReverseRoute(PassageState& s) {
   const int n = RouteCount(s);
   for (int i = 1, j = n; i < j; ++i, --j) {

@@ -32,6 +32,13 @@ SpeedEntry ParseRouteSpeed(std::string_view text);
 // too (the calculation checks the speed of every point).
 void SetRouteSpeed(PassageState& s, float speed);
 
+// The hours from the first point to the start of leg `leg` (1 for the
+// first leg, which starts at 0), each earlier leg taking its plane-sailing
+// range over its speed; a leg without a speed (0 or less) adds nothing.
+// What the leg-speed form adds to the working moment to ask the wind of a
+// leg.
+float HoursBeforeLeg(const PassageState& s, int leg);
+
 // cmdreverse: the points run the other way. What belongs to a place moves
 // with it (position and its texts, name, waypoint flag, pixel); what
 // belongs to a leg stays with its number (speed, tack, stop, remark). The

@@ -66,13 +66,19 @@ float AlongAngle(float s1, float s2, float fraction) {
 
 }  // namespace
 
+AngleBand calcAngle(float angle) {
+  AngleBand band;
+  band.lower = static_cast<float>(RoundToInt16(std::floor(angle / kPolarStep) * kPolarStep));
+  band.upper = band.lower + kPolarStep;
+  band.fraction = angle - band.lower;
+  return band;
+}
+
 PolarCell PolarBoatSpeed(const PolarTable& table, float windSpeed, float windAngle, float closestSailingAngle) {
   PolarCell failed;
   failed.PolarLookupFailed = true;
   if (!std::isfinite(windAngle) || !std::isfinite(windSpeed)) return failed;
-  const float lower = static_cast<float>(RoundToInt16(std::floor(windAngle / kPolarStep) * kPolarStep));
-  const float fraction = windAngle - lower;
-  const float upper = lower + kPolarStep;
+  const auto [lower, upper, fraction] = calcAngle(windAngle);
   const std::int16_t lowerRow = RowOfAngle(table, lower);
   const std::int16_t upperRow = RowOfAngle(table, upper);
   if (lowerRow == 0 || upperRow == 0) return failed;

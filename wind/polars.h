@@ -78,10 +78,19 @@ PolarCell BoatSpeedFromWindEntryAndSpeed(const PolarTable& table, std::int16_t r
 // The angle step of a polar table, in degrees (PolarStep).
 inline constexpr float kPolarStep = 5.0f;
 
+// calcAngle(angle): the two table angles either side of an angle off the
+// bow and how far above the lower one it lies: lower = int(angle / 5) x 5
+// as a 16-bit integer, upper = lower + 5, fraction = angle - lower.
+struct AngleBand {
+  float lower = 0;
+  float upper = 0;
+  float fraction = 0;
+};
+AngleBand calcAngle(float angle);
+
 // Boat speed through the water at true wind speed W and true wind angle
 // off the bow (0 .. 180), in knots as text "0.0", from the two rows either
-// side of the angle (lower = int(angle / 5) x 5, upper = lower + 5, found by
-// their `windangle`):
+// side of the angle (calcAngle, found by their `windangle`):
 //   - Below closestSailingAngle the boat is pinching: the mean of the two
 //     rows at W, scaled by angle / 30, never below 0.5 knots. Scaled by 30,
 //     not by the closest angle, so the speed jumps where pinching begins.

@@ -42,5 +42,37 @@ TEST(PolarCli, SpeedsFromTheSamplePolarAndBadInput) {
   }
 }
 
+TEST(WindCli, CalculatorAndTacksOfAGpxRoute) {
+  test::TempFolder dir;
+  test::WriteText(dir / "trial.gpx",
+                  "<?xml version=\"1.0\"?>\n<gpx version=\"1.1\" creator=\"test\"><rte><name>Trial</name>"
+                  "<rtept lat=\"50.70\" lon=\"-1.30\"><name>Start</name></rtept>"
+                  "<rtept lat=\"50.80\" lon=\"-1.30\"><name>North</name></rtept>"
+                  "<rtept lat=\"50.80\" lon=\"-1.15\"><name>East</name></rtept></rte></gpx>\n");
+  const std::string gpx = (dir / "trial.gpx").string();
+  struct Case { std::string args; int status; std::string out; } cases[] = {
+      // sqrt(10^2 + 5^2) = 11.18 at atan(10 / 5) = 63.4, and back.
+      {"wind apparent --true-speed 10 --true-angle 90 --boat-speed 5", 0,
+       "Apparent wind speed = 11.2 kn\nApparent wind angle = 063°\n"},
+      {"wind true --apparent-speed 10 --apparent-angle 90 --boat-speed 5", 0,
+       "True wind speed = 11.2 kn\nTrue wind angle = 117°\n"},
+      {"wind apparent --true-speed 6 --true-angle 180 --boat-speed 6", 0,
+       "Apparent wind speed = 0.0 kn\nApparent wind angle = none (no wind)\n"},
+      {"wind apparent --true-speed 10 --true-angle 90 --boat-speed 0", 2, "Set boat speed\n"},
+      {"wind true --apparent-speed 10 --apparent-angle 360 --boat-speed 5", 2, "Check Apparent Wind Direction\n"},
+      // Wind from 045: the leg north has it on the starboard bow, the leg
+      // east on the port bow.
+      {"tack " + gpx + " --wind-dir 45", 0, "1\tStart to North\t000°T\tStarboard Tack\n2\tNorth to East\t090°T\tPort Tack\n"},
+      // From 000: dead ahead on the first leg, no tack.
+      {"tack " + gpx + " --wind-dir 0", 0, "1\tStart to North\t000°T\t\n2\tNorth to East\t090°T\tPort Tack\n"},
+      {"tack " + gpx + " --wind-dir west", 2, "Invalid Wind Direction\n"},
+  };
+  for (const Case& c : cases) {
+    test::CliResult r = test::RunCli(c.args);
+    EXPECT_EQ(r.out, c.out) << c.args;
+    EXPECT_EQ(r.status, c.status) << c.args;
+  }
+}
+
 }  // namespace
 }  // namespace kelvane
