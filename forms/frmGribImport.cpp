@@ -64,6 +64,7 @@ frmGribImport::frmGribImport(const Folders& folders, const std::string& gribFold
   List1->setUniformRowHeights(true);
   List1->setAlternatingRowColors(true);
   List1->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  List1->header()->setMinimumSectionSize(90);
   List1->header()->setStretchLastSection(true);
   lblStatus = Text(this, "lblStatus", "");
   cmdClose = new QPushButton("Close", this);
@@ -134,11 +135,8 @@ WindImport frmGribImport::ReadGrib(const std::filesystem::path& file) {
   QList<QTreeWidgetItem*> rows;
   rows.reserve(static_cast<qsizetype>(result.read.size()));
   for (const GribMessageRow& r : result.read) {
-    auto* item = new QTreeWidgetItem(
-        {QString::number(r.recNo), ToQString(WindTimeText(r.timeDays)), QString::number(r.parameter)});
-    item->setTextAlignment(0, Qt::AlignRight | Qt::AlignVCenter);
-    item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-    rows.push_back(item);
+    rows.push_back(new QTreeWidgetItem(
+        {QString::number(r.recNo), ToQString(WindTimeText(r.timeDays)), QString::number(r.parameter)}));
   }
   List1->addTopLevelItems(rows);
   lblStatus->setText(ToQString(result.ok ? result.message + ": " + std::to_string(result.records) +
