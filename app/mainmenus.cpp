@@ -85,11 +85,13 @@ const std::vector<MenuEntry>& MainMenuEntries() {
 
       {"Wi&nd", "mnuWindEnter", "Enter Wind...", false},
       {"Wi&nd", "mnuWindGribImport", "Import GRIB File...", false},
+      {"Wi&nd", "mnuViewWind", "View Imported GRIB Data...", false},
+      {"Wi&nd", "mnuViewSmartMet", "View Stored Wind...", false},
       {"Wi&nd", "mnuWindTrueApp", "True and Apparent Wind...", false},
       {"Wi&nd", "mnuDisplayWindOverRoute", "Show Wind over Route", true},
       {"Wi&nd", "mnuWindDisplay", "Show Wind on Chart", true},
       {"Wi&nd", "mnuSailDocs", "GRIB Request...", false},
-      {"Wi&nd", "mnuSmartMet", "Stored Wind...", false},
+      {"Wi&nd", "mnuSmartMet", "Use Stored Wind for Route", true},
 
       {"&Instruments", "mnuGPSattach", "Attach GPS", false},
       {"&Instruments", "mnuPosGpsDisconnect", "Detach GPS", false},

@@ -111,6 +111,10 @@ class FrmChart : public QMainWindow {
   void mnuRouteSave_Click();
   void mnuFilWayLoad_Click();
   void mnuImport_Click();
+  // The wind store: the GRIB import, its two lists and the route's wind
+  // from it (mainwindow_gribimport.cpp).
+  void mnuWindGribImport_Click();
+  void mnuSmartMet_Click();
   // Makes `file` the waypoint file in use: settings, chart marks, panel.
   void UseWaypointFile(const std::filesystem::path& file);
 
@@ -137,6 +141,7 @@ class FrmChart : public QMainWindow {
   void ToggleSetting(const std::string& action);
   void ConnectTideDialogs();
   void ConnectHelp();
+  void ConnectWindStore();
   void SaveGeometry();
   void RestoreGeometry();
   void Shutdown();

@@ -122,6 +122,9 @@ void FrmChart::ToggleLayer(const std::string& action) {
   const bool on = !sw->isOn(state_.settings);
   if (const std::string m = UpdateSettings(state_, [sw, on](SettingsRecord& r) { sw->set(r, on); }); !m.empty())
     showMessage(m);
+  // The wind over the route is saved with the wind set-up as well.
+  if (action == "mnuDisplayWindOverRoute" && !WriteWindConfig(state_.folders.WindConfigFile(), state_.wind))
+    showMessage(SettingsNotSavedMessage(state_.folders.WindConfigFile()));
   Redraw();
 }
 

@@ -46,7 +46,7 @@ kelvane_room(chart       LIBRARY USES core store routes passage)
 kelvane_room(instruments LIBRARY USES core chart)
 kelvane_room(wind        LIBRARY USES core store)
 kelvane_room(wrecks      LIBRARY USES)
-kelvane_room(state       LIBRARY USES core tides streams routes passage chart)
+kelvane_room(state       LIBRARY USES core tides streams routes passage chart wind)
 
 # The front ends.
 kelvane_room(forms USES core store tides chart streams wind routes instruments passage wrecks state Qt)

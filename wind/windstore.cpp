@@ -28,16 +28,10 @@ bool SameGrid(const GridSection& a, const GridSection& b) {
          a.Resolution == b.Resolution;
 }
 
-double ValidTimeDays(const GribRecord& r) {
-  int minutes = RoundToInt(r.Minutes);
-  double julian = JulianDate(r.Day, r.Month, r.Year, minutes / 60, minutes % 60, 0);
-  return julian + r.ForecastOffsetSeconds / 86400.0 - kJulianDay2000;
-}
-
 bool SameField(const GribRecord& u, const GribRecord& v) {
   return SameGrid(u.Grid, v.Grid) && u.LevelType == v.LevelType && u.LevelValue1 == v.LevelValue1 &&
          u.LevelValue2 == v.LevelValue2 && u.Values.size() == v.Values.size() &&
-         ValidTimeDays(u) == ValidTimeDays(v);
+         GribValidTimeDays(u) == GribValidTimeDays(v);
 }
 
 // Longitudes of the store run -180 .. 180, whatever convention the file
@@ -66,6 +60,14 @@ std::string ListLine(double timeDays, float lat, float lon, float speed, float d
 }
 
 }  // namespace
+
+double GribValidTimeDays(const GribRecord& r) {
+  int minutes = RoundToInt(r.Minutes);
+  double julian = JulianDate(r.Day, r.Month, r.Year, minutes / 60, minutes % 60, 0);
+  return julian + r.ForecastOffsetSeconds / 86400.0 - kJulianDay2000;
+}
+
+std::string WindTimeText(double timeDays) { return DateText(WindMomentOf(timeDays)); }
 
 double DaysSince2000(int dayOfMonth, int month, int year, double hours) {
   return JulianDate(dayOfMonth, month, year, 0, 0, 0) - kJulianDay2000 + hours / 24.0;
@@ -140,7 +142,7 @@ WindStoreBuild BuildWindStore(const std::vector<GribRecord>& records) {
       if (used[b] || v.Parameter != kParameterV || !SameField(u, v)) continue;
       used[b] = true;
       ++build.pairs;
-      double days = ValidTimeDays(u);
+      double days = GribValidTimeDays(u);
       std::vector<WindRecord> winds;
       winds.reserve(u.Values.size());
       for (std::size_t k = 0; k < u.Values.size(); ++k) {
@@ -173,7 +175,7 @@ WindStoreBuild BuildWindStore(const std::vector<GribRecord>& records) {
   }
   for (std::size_t n = 0; n < records.size(); ++n) {
     const GribRecord& r = records[n];
-    double days = ValidTimeDays(r);
+    double days = GribValidTimeDays(r);
     for (std::size_t k = 0; k < r.Values.size(); ++k) {
       GribPosition p = GribPointPosition(r.Grid, k);
       GribPoint g;
@@ -285,6 +287,8 @@ WindImport ImportGribToWindStore(const std::filesystem::path& gribFile, const st
     return result;
   }
   result.messages = read.GribRecords.size();
+  for (std::size_t n = 0; n < read.GribRecords.size(); ++n)
+    result.read.push_back({n + 1, GribValidTimeDays(read.GribRecords[n]), read.GribRecords[n].Parameter});
   WindStoreBuild build = BuildWindStore(read.GribRecords);
   if (!build.ok) {
     result.message = build.message;

@@ -120,6 +120,19 @@ std::vector<WindRecord> ReadWindStore(const std::filesystem::path& windDat);
 std::vector<WindRecord> DecodeWindStore(std::span<const std::uint8_t> bytes);
 std::vector<GribPoint> ReadGribPoints(const std::filesystem::path& gribPoints);
 
+// The valid time of a message (reference time + forecast offset) in days
+// since 01/01/2000 00:00 UTC, as the store keeps it.
+double GribValidTimeDays(const GribRecord& record);
+// A TimeDays value as the lists show it: "25/11/2026 @ 150000".
+std::string WindTimeText(double timeDays);
+
+// One message of an import, as the import form lists it.
+struct GribMessageRow {
+  std::size_t recNo = 0;       // from 1, in file order
+  double timeDays = 0;         // valid time, UTC
+  std::int16_t parameter = 0;  // GRIB parameter number
+};
+
 // The whole import, as the form and `kelvane-cli grib import` run it: read
 // the GRIB file, build, write. On any failure the store is left as it was
 // and the message says why; on success the message is "File Imported".
@@ -129,6 +142,7 @@ struct [[nodiscard]] WindImport {
   std::size_t pairs = 0;
   std::size_t records = 0;   // wind records written, header excluded
   std::string message;
+  std::vector<GribMessageRow> read;  // every message read (none when the reader stopped)
 };
 WindImport ImportGribToWindStore(const std::filesystem::path& gribFile, const std::filesystem::path& windDat,
                                  const std::filesystem::path& gribPoints);

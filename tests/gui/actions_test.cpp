@@ -145,7 +145,8 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
                             "mnuLastRouteResults", "mnuRouteInfo", "mnuConfigureGPS", "mnuConfigureAIS",
                             "mnuCopyComPortDetails", "mnuGPSMonitor", "mnuAISSummary", "mnuArea", "mnuPortList", "mnuAbout",
                             "mnuQuickInstructions", "mnuConverttoGPX", "mnuImport", "mnuExport1", "mnuCompoundExport",
-                            "mnuSetLeg", "mnuWindEnter", "mnuWindTrueApp"})
+                            "mnuSetLeg", "mnuWindEnter", "mnuWindTrueApp", "mnuWindGribImport", "mnuViewWind",
+                            "mnuViewSmartMet"})
     run(entry);
   // The outline's editor, once an outline is loaded.
   app::ChartMenus* chartMenus = window.findChild<app::ChartMenus*>();
