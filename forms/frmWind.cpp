@@ -221,6 +221,7 @@ bool frmWind::CalcLeg(int leg, bool& coverageTold) {
   // The tack comes from the wind alone; a speed the table cannot give
   // leaves the leg's speed as it was.
   from.Tack = static_cast<std::int16_t>(element.tack);
+  from.LegWind = WindSlot{windSpeed, windDir};  // drawn over the route
   if (!element.PolarLookupFailed) from.Speed = static_cast<float>(TextValue(element.speedText));
   return true;
 }

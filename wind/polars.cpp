@@ -79,9 +79,13 @@ PolarCell PolarBoatSpeed(const PolarTable& table, float windSpeed, float windAng
   failed.PolarLookupFailed = true;
   if (!std::isfinite(windAngle) || !std::isfinite(windSpeed)) return failed;
   const auto [lower, upper, fraction] = calcAngle(windAngle);
+  // An angle with no row of its own (below the table's first angle, or the
+  // 185 above the row of 180) keeps row number 0, and row 0 reads the first
+  // row: a leg dead upwind still gets a pinching speed (held at 0.5 kn at
+  // the least) and one dead downwind the speed of the last row, rather than
+  // no speed at all and the leg left at whatever it had.
   const std::int16_t lowerRow = RowOfAngle(table, lower);
   const std::int16_t upperRow = RowOfAngle(table, upper);
-  if (lowerRow == 0 || upperRow == 0) return failed;
 
   bool ok = true;
   auto read = [&](std::int16_t row, float w) {

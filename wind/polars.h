@@ -98,8 +98,11 @@ AngleBand calcAngle(float angle);
 //     angle, s1 +/- |s1 - s2| / 5 x (angle - lower), and the two results
 //     along the wind by NearestWindSpeed's fraction:
 //     ((high - low) x f) / 2 + low.
-// Any failed read, or an angle whose rows are not in the table (180 needs a
-// row for 185), leaves the text empty with PolarLookupFailed set.
+// A band angle the table has no row for is read from the first row (row
+// number 0 is not moved on from the first): below 30 degrees both rows are
+// the first, and at 180 the row above (185) is, with a fraction of 0. Any
+// failed read (an empty table, a missing column, a NULL) leaves the text
+// empty with PolarLookupFailed set.
 PolarCell PolarBoatSpeed(const PolarTable& table, float windSpeed, float windAngle, float closestSailingAngle);
 
 }  // namespace kelvane

@@ -122,8 +122,14 @@ TEST(PolarLookups, BoatSpeedInterpolatesAndPinches) {
       {8, 40, "6.0", "at the closest angle itself: not pinching, row 40 and column above"},
       // Calm, pinching: (0.2 + 0.4) / 2 x 31 / 30 = 0.31, held up to 0.5.
       {0, 31, "0.5", "pinching never below 0.5 kn"},
-      {9, 57, "", "no row for 60: nothing"},
-      {9, 20, "", "no row for 20: nothing"},
+      // No row for 60: row number 0 reads the first row (30 degrees): along
+      // the angle 5.5 - 2.5 / 5 x 2 = 4.5 and 6.4 - 2.8 / 5 x 2 = 5.28;
+      // (5.28 - 4.5) / 2 + 4.5 = 4.89.
+      {9, 57, "4.9", "a missing row reads the first row"},
+      // Dead into the wind's eye side of the table: both rows missing, both
+      // read the first, pinching: 3.0 x 20 / 30 = 2.0; dead ahead 0.5.
+      {8, 20, "2.0", "below the first row: pinching on the first row"},
+      {8, 0, "0.5", "dead ahead: pinching held at 0.5 kn"},
   };
   for (const Case& c : cases) {
     PolarCell cell = PolarBoatSpeed(t, c.w, c.angle, 40.0f);
