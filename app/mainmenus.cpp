@@ -89,6 +89,9 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"Wi&nd", "mnuWindDisplay", "Show Wind on Chart", true},
       {"Wi&nd", "mnuSailDocs", "GRIB Request...", false},
       {"Wi&nd", "mnuSmartMet", "Stored Wind...", false},
+      {"Wi&nd", "-", "", false},
+      {"Wi&nd", "mnuPolarPlot", "Polar Plot...", false},
+      {"Wi&nd", "mnuEditPolar", "Edit Polars...", false},
 
       {"&Instruments", "mnuGPSattach", "Attach GPS", false},
       {"&Instruments", "mnuPosGpsDisconnect", "Detach GPS", false},

@@ -47,6 +47,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent)
   ConnectTideDialogs();
   ConnectHelp();
   ConnectFileMenus();
+  ConnectPolarMenus();
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);
 }

@@ -78,6 +78,9 @@ class FrmChart : public QMainWindow {
   // The help menu (mainwindow_help.cpp).
   void mnuAbout_Click();
   void mnuQuickInstructions_Click();
+  // The boat's polar tables (mainwindow_polars.cpp).
+  void mnuPolarPlot_Click();
+  void mnuEditPolar_Click();
 
   forms::MessageSink showMessage;
   // The file box of the waypoint and route files: caption, folder it opens
@@ -126,6 +129,9 @@ class FrmChart : public QMainWindow {
   void ToggleSetting(const std::string& action);
   void ConnectTideDialogs();
   void ConnectHelp();
+  void ConnectPolarMenus();
+  // Keeps the set-up a polar form left chosen as the wind set-up's.
+  void KeepPolarSetUp(int index);
   void SaveGeometry();
   void RestoreGeometry();
   void Shutdown();
