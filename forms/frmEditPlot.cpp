@@ -18,6 +18,8 @@ namespace kelvane::forms {
 namespace {
 // The grid's rows are laid out in columns of this many boxes.
 constexpr int kGridRowsPerColumn = 11;
+// A full table: 30 to 180 degrees by 5.
+constexpr int kPolarRowsShown = 31;
 
 QLineEdit* Entry(QWidget* parent, const char* name, int width) {
   auto* e = new QLineEdit(parent);
@@ -45,6 +47,8 @@ frmEditPlot::frmEditPlot(const std::filesystem::path& dataRoot, int setUpIndex, 
   grid_ = new QGridLayout;
   grid_->setHorizontalSpacing(6);
   grid_->setVerticalSpacing(2);
+  // The angles stand beside their boxes; the spare width goes to the right.
+  grid_->setColumnStretch(2 * ((kPolarRowsShown + kGridRowsPerColumn - 1) / kGridRowsPerColumn), 1);
   lblGrid = new QLabel(gridBox);
   lblGrid->setObjectName("lblGrid");
   auto* gridLayout = new QVBoxLayout(gridBox);
@@ -98,8 +102,8 @@ frmEditPlot::frmEditPlot(const std::filesystem::path& dataRoot, int setUpIndex, 
   controls->addWidget(cmdClose, 0, Qt::AlignRight);
 
   auto* editing = new QHBoxLayout;
-  editing->addWidget(gridBox, 3);
-  editing->addLayout(controls, 2);
+  editing->addWidget(gridBox, 1);
+  editing->addLayout(controls, 1);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(panel, 1);
   layout->addLayout(editing);
@@ -118,7 +122,7 @@ frmEditPlot::frmEditPlot(const std::filesystem::path& dataRoot, int setUpIndex, 
     if (static_cast<std::size_t>(row) < txtEditSpeed.size()) txtEditSpeed[static_cast<std::size_t>(row)]->setFocus();
   };
   FillGrid();
-  resize(1180, 900);
+  resize(1180, 860);
 }
 
 void frmEditPlot::FillGrid() {
@@ -134,6 +138,7 @@ void frmEditPlot::FillGrid() {
     const int i = static_cast<int>(txtEditSpeed.size());
     auto* angle = new QLabel(this);
     angle->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    angle->setMinimumWidth(64);
     auto* edit = new QLineEdit(this);
     edit->setObjectName(QString("txtEditSpeed(%1)").arg(i));
     edit->setFixedWidth(56);
