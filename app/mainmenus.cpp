@@ -92,6 +92,9 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"Wi&nd", "mnuWindDisplay", "Show Wind on Chart", true},
       {"Wi&nd", "mnuSailDocs", "GRIB Request...", false},
       {"Wi&nd", "mnuSmartMet", "Use Stored Wind for Route", true},
+      {"Wi&nd", "-", "", false},
+      {"Wi&nd", "mnuPolarPlot", "Polar Plot...", false},
+      {"Wi&nd", "mnuEditPolar", "Edit Polars...", false},
 
       {"&Instruments", "mnuGPSattach", "Attach GPS", false},
       {"&Instruments", "mnuPosGpsDisconnect", "Detach GPS", false},

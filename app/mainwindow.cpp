@@ -50,6 +50,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent)
   ConnectHelp();
   ConnectFileMenus();
   ConnectWindStore();
+  ConnectPolarMenus();
   timer1_.setInterval(100);
   connect(&timer1_, &QTimer::timeout, this, &FrmChart::Timer1_Timer);
 }

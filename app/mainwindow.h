@@ -79,6 +79,9 @@ class FrmChart : public QMainWindow {
   // The help menu (mainwindow_help.cpp).
   void mnuAbout_Click();
   void mnuQuickInstructions_Click();
+  // The boat's polar tables (mainwindow_polars.cpp).
+  void mnuPolarPlot_Click();
+  void mnuEditPolar_Click();
 
   forms::MessageSink showMessage;
   // The file box of the waypoint and route files: caption, folder it opens
@@ -142,6 +145,9 @@ class FrmChart : public QMainWindow {
   void ConnectTideDialogs();
   void ConnectHelp();
   void ConnectWindStore();
+  void ConnectPolarMenus();
+  // Keeps the set-up a polar form left chosen as the wind set-up's.
+  void KeepPolarSetUp(int index);
   void SaveGeometry();
   void RestoreGeometry();
   void Shutdown();

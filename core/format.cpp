@@ -264,4 +264,31 @@ double TextValue(std::string_view text) {
   return std::isfinite(v) ? v : 0.0;
 }
 
+bool IsNumberText(std::string_view text) {
+  auto blank = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
+  std::size_t i = 0, end = text.size();
+  while (i < end && blank(text[i])) ++i;
+  while (end > i && blank(text[end - 1])) --end;
+  if (i < end && (text[i] == '+' || text[i] == '-')) ++i;
+  bool digits = false, point = false;
+  for (; i < end; ++i) {
+    if (text[i] >= '0' && text[i] <= '9') {
+      digits = true;
+    } else if (text[i] == '.' && !point) {
+      point = true;
+    } else {
+      break;
+    }
+  }
+  if (!digits) return false;
+  if (i < end && (text[i] == 'e' || text[i] == 'E')) {
+    ++i;
+    if (i < end && (text[i] == '+' || text[i] == '-')) ++i;
+    const std::size_t first = i;
+    while (i < end && text[i] >= '0' && text[i] <= '9') ++i;
+    if (i == first) return false;
+  }
+  return i == end;
+}
+
 }  // namespace kelvane

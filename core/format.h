@@ -71,4 +71,10 @@ std::string SignedNumberText(double value);
 // skipped wherever they stand, and an empty or non-numeric text is 0.
 double TextValue(std::string_view text);
 
+// Whether the whole text, blanks around it aside, is one decimal number as
+// TextValue reads it: "6.5", " -3", ".5", "1e2" are; "", "6.5kn", "abc",
+// "1.2.3" are not. A form asks this before it takes the value of an entry
+// that must be refused when it is no number at all.
+bool IsNumberText(std::string_view text);
+
 }  // namespace kelvane

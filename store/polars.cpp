@@ -1,6 +1,8 @@
 #include "store/polars.h"
 
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include "core/text.h"
 #include "store/statement.h"
@@ -112,6 +114,73 @@ PolarTable ReadPolarTable(const AreaDatabase& db, std::string_view setUp) {
     table.rows.push_back(std::move(out));
   }
   return table;
+}
+
+namespace {
+
+// The cells to write: (row from 0 in the file's order, speed).
+using PolarCells = std::vector<std::pair<std::size_t, double>>;
+
+std::string WritePolarCells(const fs::path& file, std::string_view setUp, std::size_t column,
+                            std::size_t expectedRows, const PolarCells& cells) {
+  const std::string what = "The polar table \"" + std::string(setUp) + "\" could not be written to " + file.string();
+  if (column >= kPolarSpeedColumns.size()) return what + " (no such wind speed column)";
+  switch (RecogniseDatabase(file)) {
+    case DatabaseKind::SQLite:
+      break;
+    case DatabaseKind::Missing:
+      return what + " (the file is missing)";
+    case DatabaseKind::Jet3:
+    case DatabaseKind::Jet4:
+      return what + " (it is a Jet file read from memory; nothing is written to it)";
+    case DatabaseKind::Unknown:
+      return what + " (it is not a polar database)";
+  }
+  AreaDatabase db = AreaDatabase::Open(file);
+  if (!db.ok()) return what + " (" + db.message() + ")";
+  if (!db.HasTable(setUp)) return what + " (the file has no table for it)";
+  const std::string table = QuoteIdentifier(setUp);
+  const QueryResult shape = db.Query("SELECT * FROM " + table + " LIMIT 0");
+  if (!shape.ok()) return what + " (" + shape.message + ")";
+  if (shape.Column(kPolarSpeedColumns[column]) < 0)
+    return what + " (the table has no column " + kPolarSpeedColumns[column] + ")";
+
+  // BEGIN IMMEDIATE takes the write lock at once, so a read-only file or
+  // folder is refused before anything is changed.
+  if (std::string error = db.Execute("BEGIN IMMEDIATE"); !error.empty()) return what + " (" + error + ")";
+  auto fail = [&](const std::string& reason) {
+    (void)db.Execute("ROLLBACK");
+    return what + " (" + reason + "); nothing was changed";
+  };
+  // The rows in the order the table is read (a full scan goes by rowid).
+  const QueryResult rowids = db.Query("SELECT rowid FROM " + table + " ORDER BY rowid");
+  if (!rowids.ok()) return fail(rowids.message);
+  if (expectedRows != 0 && rowids.rows.size() != expectedRows)
+    return fail("the table has " + std::to_string(rowids.rows.size()) + " rows, not " + std::to_string(expectedRows));
+  const std::string update =
+      "UPDATE " + table + " SET " + QuoteIdentifier(kPolarSpeedColumns[column]) + " = ?1 WHERE rowid = ?2";
+  for (const auto& [row, speed] : cells) {
+    if (row >= rowids.rows.size()) return fail("the table has no row " + std::to_string(row + 1));
+    const QueryResult done = db.Query(update, {DbValue(speed), rowids.rows[row][0]});
+    if (!done.ok()) return fail(done.message);
+  }
+  if (std::string error = db.Execute("COMMIT"); !error.empty()) return fail(error);
+  return "";
+}
+
+}  // namespace
+
+std::string WritePolarColumn(const fs::path& file, std::string_view setUp, std::size_t column,
+                             const std::vector<double>& speeds) {
+  PolarCells cells;
+  for (std::size_t i = 0; i < speeds.size(); ++i) cells.emplace_back(i, speeds[i]);
+  if (speeds.empty()) return "The polar table \"" + std::string(setUp) + "\" could not be written: no speeds were given";
+  return WritePolarCells(file, setUp, column, speeds.size(), cells);
+}
+
+std::string WritePolarCell(const fs::path& file, std::string_view setUp, std::size_t row, std::size_t column,
+                           double speed) {
+  return WritePolarCells(file, setUp, column, 0, {{row, speed}});
 }
 
 }  // namespace kelvane

@@ -86,4 +86,18 @@ PolarSetUps ListPolarSetUps(const AreaDatabase& db);
 // compared them).
 PolarTable ReadPolarTable(const AreaDatabase& db, std::string_view setUp);
 
+// Writes boat speeds (knots) back to the set-up's table in the SQLite
+// Polars.mdb `file`: a whole speed column (index into kPolarSpeedColumns),
+// speeds[i] into the i-th row in the file's order, or a single cell. Each
+// call is one transaction, all or nothing: a refused write leaves every
+// cell as it was. The Jet original kept beside the database is never
+// touched, and a Polars.mdb that is still a Jet file (read from memory) is
+// refused rather than written where nobody will read it back. Returns ""
+// or what the user is told: a missing, read-only or damaged file, a
+// set-up without a table or column, a column whose row count has changed.
+std::string WritePolarColumn(const std::filesystem::path& file, std::string_view setUp, std::size_t column,
+                             const std::vector<double>& speeds);
+std::string WritePolarCell(const std::filesystem::path& file, std::string_view setUp, std::size_t row,
+                           std::size_t column, double speed);
+
 }  // namespace kelvane

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <unistd.h>
+#include <sqlite3.h>
 
 #include "store/polars.h"
 #include "support/shared_testdata.h"
@@ -120,6 +122,71 @@ TEST(PolarDatabase, ShippedSampleIsASyntheticFullTable) {
   ASSERT_EQ(table.rows.size(), 31u);  // 30 to 180 degrees by 5
   EXPECT_EQ(table.rows.front().windangle, "30");
   EXPECT_EQ(table.rows.back().windangle, "180");
+}
+
+// The wind2kn column of a set-up read straight through SQLite, not through
+// the store, as text of each row in rowid order.
+std::vector<std::string> Wind2Column(const std::filesystem::path& file) {
+  std::vector<std::string> values;
+  sqlite3* db = nullptr;
+  if (sqlite3_open_v2(file.string().c_str(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
+    sqlite3_stmt* stmt = nullptr;
+    sqlite3_prepare_v2(db, "SELECT wind2kn FROM \"Boat\" ORDER BY rowid", -1, &stmt, nullptr);
+    while (stmt && sqlite3_step(stmt) == SQLITE_ROW)
+      values.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
+    sqlite3_finalize(stmt);
+  }
+  sqlite3_close(db);
+  return values;
+}
+
+TEST(PolarDatabase, ColumnAndCellWriteBackIsAllOrNothing) {
+  test::TempFolder dir;
+  const auto file = PolarDatabasePath(dir.path());
+  // Three rows; a trigger refuses a speed of 99 the way a damaged or
+  // foreign file can refuse a write halfway down the column.
+  MakeDatabase(file,
+               "CREATE TABLE SetUps (SetUp TEXT); INSERT INTO SetUps VALUES ('Boat');"
+               "CREATE TABLE Boat (windangle INTEGER, Wind0kn REAL, wind2kn REAL);"
+               "INSERT INTO Boat VALUES (30, 0, 1.5), (35, 0, 1.75), (40, 0, 2);"
+               "CREATE TRIGGER refuse BEFORE UPDATE ON Boat WHEN NEW.wind2kn = 99 BEGIN SELECT RAISE(ABORT, 'refused'); END;");
+  const std::string jet = "a Jet original kept beside it";
+  std::ofstream(dir / "Polars (Jet original).mdb", std::ios::binary) << jet;
+  const std::vector<std::string> before = {"1.5", "1.75", "2.0"};
+  ASSERT_EQ(Wind2Column(file), before);
+  const std::string what = "The polar table \"Boat\" could not be written to " + file.string();
+
+  // Refused: nothing of the column is written, even the rows before the fault.
+  EXPECT_EQ(WritePolarColumn(file, "Boat", 1, {3, 3, 99}), what + " (refused); nothing was changed");
+  EXPECT_EQ(WritePolarColumn(file, "Boat", 1, {3, 3}), what + " (the table has 3 rows, not 2); nothing was changed");
+  EXPECT_EQ(WritePolarColumn(file, "Boat", 2, {3, 3, 3}), what + " (the table has no column wind4kn)");
+  EXPECT_EQ(WritePolarColumn(file, "Nobody", 1, {3, 3, 3}),
+            "The polar table \"Nobody\" could not be written to " + file.string() + " (the file has no table for it)");
+  EXPECT_EQ(WritePolarCell(file, "Boat", 3, 1, 3), what + " (the table has no row 4); nothing was changed");
+  {
+    // Another program holds the file for writing.
+    AreaDatabase other = AreaDatabase::Open(file);
+    ASSERT_EQ(other.Execute("BEGIN IMMEDIATE"), "");
+    EXPECT_EQ(WritePolarColumn(file, "Boat", 1, {3, 3, 3}), what + " (database is locked)");
+    ASSERT_EQ(other.Execute("ROLLBACK"), "");
+  }
+  if (geteuid() != 0) {  // the superuser writes to a read-only file regardless
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    EXPECT_NE(WritePolarCell(file, "Boat", 0, 1, 3), "");
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  }
+  EXPECT_EQ(Wind2Column(file), before);
+  const auto missing = dir / "none" / "Polars.mdb";
+  EXPECT_EQ(WritePolarCell(missing, "Boat", 0, 1, 3),
+            "The polar table \"Boat\" could not be written to " + missing.string() + " (the file is missing)");
+  EXPECT_FALSE(std::filesystem::exists(missing));
+
+  // Accepted: the whole column, then one cell; the Jet original untouched.
+  EXPECT_EQ(WritePolarColumn(file, "boat", 1, {2.5, 3.25, 4}), "");
+  EXPECT_EQ(Wind2Column(file), (std::vector<std::string>{"2.5", "3.25", "4.0"}));
+  EXPECT_EQ(WritePolarCell(file, "Boat", 1, 1, 3.5), "");
+  EXPECT_EQ(Wind2Column(file), (std::vector<std::string>{"2.5", "3.5", "4.0"}));
+  EXPECT_EQ(Bytes(dir / "Polars (Jet original).mdb"), jet);
 }
 
 }  // namespace
