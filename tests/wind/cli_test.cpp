@@ -29,7 +29,10 @@ TEST(PolarCli, SpeedsFromTheSamplePolarAndBadInput) {
       {sample + " --wind 10 --twa 90", 0, "Boat speed = 5.7 kn\n" + settings},
       // Pinching at 38: (2.0 + 2.3) / 2 x 38 / 30 = 2.72.
       {sample + " --wind 9 --twa 38", 0, "Boat speed = 2.7 kn\n" + settings},
-      {sample + " --wind 9 --twa 180", 1, "Boat speed = (none: the table has no value for 9 kn at 180°)\n" + settings},
+      // Dead downwind: the row of 180 is row 31, read as row 30 (175), and
+      // the 185 above it has no row (read from the first) but a fraction of
+      // 0: the speed of 175 degrees, exactly as at 175 itself.
+      {sample + " --wind 9 --twa 180", 0, test::RunCli(folders + "polar speed" + sample + " --wind 9 --twa 175").out},
       {sample + " --wind calm --twa 90", 2, "Invalid Wind Speed\n"},
       {sample + " --wind 9 --twa 181", 2, "Check Wind Angle\n"},
       {" --setup Reefed --wind 9 --twa 90", 1,
