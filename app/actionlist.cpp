@@ -110,7 +110,6 @@ const std::vector<AwaitingAction>& ActionsAwaitingWork() {
       {"mnuWindEnter", "wind and polars"},
       {"mnuWindGribImport", "wind and polars"},
       {"mnuWindTrueApp", "wind and polars"},
-      {"mnuSailDocs", "wind and polars"},
       {"mnuSmartMet", "wind and polars"},
       {"mnuLogGPS", "logging and replay"},
       {"mnuLogAIS", "logging and replay"},

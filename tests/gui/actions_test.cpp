@@ -144,7 +144,8 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
   for (const char* entry : {"mnuConfigure", "mnuSetTimeDate", "mnuSelectChartVisually", "mnuMouseWayPoint",
                             "mnuLastRouteResults", "mnuRouteInfo", "mnuConfigureGPS", "mnuConfigureAIS",
                             "mnuCopyComPortDetails", "mnuGPSMonitor", "mnuAISSummary", "mnuArea", "mnuPortList", "mnuAbout",
-                            "mnuQuickInstructions", "mnuConverttoGPX", "mnuImport", "mnuExport1", "mnuCompoundExport"})
+                            "mnuQuickInstructions", "mnuConverttoGPX", "mnuImport", "mnuExport1", "mnuCompoundExport",
+                            "mnuSailDocs"})
     run(entry);
   // The outline's editor, once an outline is loaded.
   app::ChartMenus* chartMenus = window.findChild<app::ChartMenus*>();
