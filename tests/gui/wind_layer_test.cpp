@@ -71,6 +71,21 @@ TEST(WindLayerWindow, GribWindsShowAsBarbsAtTheWorkingMomentAndTheRequestCoversT
   ASSERT_TRUE(WaitUntil([&] { return window.Layers().lastPaint.drawnBarbs == 0; }));
   EXPECT_EQ(Count(surface(), staff, wind), before);
 
+  // Over the route, with the grid off: one barb for the one leg, at its
+  // midpoint, in the wind set for the leg.
+  RoutePoint a, b;
+  a.Lat = b.Lat = 50.6f;
+  a.Lon = -0.4f;
+  b.Lon = 0.2f;
+  a.LegWind = WindSlot{25.0f, 45.0f};
+  window.State().passage.Route.push_back(a);
+  window.State().passage.Route.push_back(b);
+  window.Action("mnuDisplayWindOverRoute")->trigger();
+  ASSERT_TRUE(WaitUntil([&] { return window.Layers().lastPaint.drawnBarbs == 1; }));
+  const ScreenPoint middle = view.ToScreen(50.6f, -0.1f);
+  EXPECT_GT(Count(surface(), QRect(int(middle.x) - 2, int(middle.y) - 22, 25, 25), wind), 20);
+  Screenshot(&window, "wind-over-route");
+
   // The request for the area on show goes to the clipboard, and the user is
   // told where to mail it.
   QAction* request = window.Action("mnuSailDocs");
