@@ -107,7 +107,6 @@ const std::vector<AwaitingAction>& ActionsAwaitingWork() {
       {"mnuhistPlot", "tracks"},
       {"mnuremovehistplot", "tracks"},
       {"mnutrackoff", "tracks"},
-      {"mnuSailDocs", "wind and polars"},
       {"mnuLogGPS", "logging and replay"},
       {"mnuLogAIS", "logging and replay"},
       {"mnuStopGPSDataLog", "logging and replay"},

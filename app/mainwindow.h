@@ -101,6 +101,8 @@ class FrmChart : public QMainWindow {
   void SetNightView(bool night);
   // The stream of every diamond at the ports' present state.
   void CalculateStreamsNow();
+  // The wind layer and the GRIB request (mainwindow_wind_layer.cpp).
+  void mnuSailDocs_Click();
   // The route menu's calculation and its results (mainwindow_passage.cpp).
   void mnucalcrte_Click();
   void mnuLastRouteResults_Click();
@@ -163,6 +165,7 @@ class FrmChart : public QMainWindow {
   // The diamonds of the current chart's area.
   void LoadDiamonds();
   void InstallLayers();
+  void InstallWind();
   void ToggleLayer(const std::string& action);
 
   ProgramState state_;

@@ -77,6 +77,8 @@ void FrmChart::InstallLayers() {
   enable("mnuViewNight", [this] { SetNightView(true); });
   enable("mnuViewNormal", [this] { SetNightView(false); });
   enable("mnuIncreaseIntensity", [this] { StepIntensity(10); });
+  // The wind barbs join the paint at their step (mainwindow_wind_layer.cpp).
+  InstallWind();
 }
 
 // ---- paint ------------------------------------------------------------------

@@ -72,6 +72,7 @@ struct OverlayOutcome {
   int drawnWaypoints = 0;  // marks that were on the surface
   int drawnArrows = 0;
   int drawnAisTargets = 0;  // AIS targets on the surface ("Num AIS Targets Drawn = ")
+  int drawnBarbs = 0;       // wind barbs on the surface
 };
 
 // Laid-out label texts kept from paint to paint, by font height and text:

@@ -7,6 +7,7 @@
 #include "core/timetext.h"
 #include "core/windconfig.h"
 #include "wind/grib.h"
+#include "wind/gribrequest.h"
 #include "wind/windstore.h"
 
 namespace kelvane::cli {
@@ -149,6 +150,18 @@ Registrar windCommands([](CLI::App& app, Context& ctx) {
   static std::string importFile;
   import->add_option("file", importFile, "GRIB file")->required();
   import->callback([&ctx] { ctx.exitCode = Import(ctx.folders(), importFile); });
+
+  // The e-mail request for the area, as the chart's menu puts it on the clipboard.
+  auto* request = grib->add_subcommand("request", "The GRIB-by-mail request line for an area, edges rounded outward");
+  static double north = 0, south = 0, west = 0, east = 0;
+  request->add_option("--north", north, "North edge, degrees north positive")->required();
+  request->add_option("--south", south, "South edge, degrees north positive")->required();
+  request->add_option("--west", west, "West edge, degrees east positive")->required();
+  request->add_option("--east", east, "East edge, degrees east positive")->required();
+  request->callback([&ctx] {
+    std::cout << GribRequestLine(north, south, west, east) << "\n";
+    ctx.exitCode = 0;
+  });
 
   auto* wind = SharedCommand(app, "wind", kWindCommandHelp);
   auto* at = wind->add_subcommand("at", "Wind at a place and UTC time: nearest grid point of the 3-hour slot");

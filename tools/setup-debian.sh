@@ -16,6 +16,8 @@ PACKAGES=(
   socat gpsbabel gpsd-clients xvfb xauth sqlite3 mdbtools
   # ecCodes (grib_filter, grib_get_data): makes and checks the GRIB test files
   libeccodes-tools
+  # ecCodes' library: the yardstick of the GRIB decode benchmark only
+  libeccodes-dev
   # sanitizer runtimes for the instrumented test run
   libclang-rt-14-dev
   # the locales whose date order and weekday names the tests probe

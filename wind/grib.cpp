@@ -208,10 +208,27 @@ std::string DecodeBDS(Section bds, int message, const std::vector<bool>& present
 
   values.assign(points, GribMissing);
   std::size_t bit = 11 * 8;  // the first bit of byte 12
+  const std::uint8_t* data = bds.bytes.data();
+  const std::size_t size = bds.size();
   for (std::size_t k = 0; k < points; ++k) {
     if (!present.empty() && !present[k]) continue;
+    // A value of up to 32 bits lies within the 8 bytes from its first
+    // byte: take them as one big-endian word, shift the value's bits to the
+    // top, and keep `width` of them. Near the end of the section the bytes
+    // past it read as 0; the count check above keeps every value's own bits
+    // inside.
     std::uint64_t raw = 0;
-    for (int b = 0; b < width; ++b, ++bit) raw = raw * 2 + ((bds.bytes[bit / 8] >> (7 - bit % 8)) & 1);
+    if (width > 0) {
+      const std::size_t first = bit / 8;
+      std::uint64_t word = 0;
+      if (first + 8 <= size) {
+        for (int b = 0; b < 8; ++b) word = word << 8 | data[first + static_cast<std::size_t>(b)];
+      } else {
+        for (std::size_t b = first; b < first + 8; ++b) word = word << 8 | (b < size ? data[b] : 0u);
+      }
+      raw = (word << (bit % 8)) >> (64 - width);
+      bit += static_cast<std::size_t>(width);
+    }
     double value = (reference + static_cast<double>(raw) * scale) / divisor;
     if (!std::isfinite(value) || std::fabs(value) > std::numeric_limits<float>::max())
       return Numbered(message, "a value is out of range");

@@ -306,22 +306,53 @@ WindImport ImportGribToWindStore(const std::filesystem::path& gribFile, const st
   return result;
 }
 
+WindSlotSpan WindSlotOf(int month, int day, int year, float hours) {
+  WindBracket bracket = WindTimeBracket(hours / 24.0f);
+  double days = std::round(DaysSince2000(day, month, year, 0));
+  return WindSlotSpan{days + bracket.lower, days + bracket.upper};
+}
+
+bool InWindSlot(const WindRecord& r, WindSlotSpan slot) {
+  return r.TimeDays >= slot.from && r.TimeDays < slot.to && r.Speed < kNoWindThreshold;
+}
+
+std::vector<WindRecord> WindsInSlot(std::span<const WindRecord> records, WindSlotSpan slot) {
+  std::vector<WindRecord> winds;
+  for (std::size_t n = 1; n < records.size(); ++n)
+    if (InWindSlot(records[n], slot)) winds.push_back(records[n]);
+  return winds;
+}
+
+const std::vector<WindRecord>& WindSlotReader::Winds(const std::filesystem::path& windDat, WindSlotSpan slot) {
+  std::error_code ec;
+  std::filesystem::file_time_type written = std::filesystem::last_write_time(windDat, ec);
+  if (ec) written = {};
+  std::uintmax_t size = std::filesystem::file_size(windDat, ec);
+  if (ec) size = 0;
+  if (valid_ && file_ == windDat && written_ == written && size_ == size && slot_ == slot) return winds_;
+  winds_ = WindsInSlot(ReadWindStore(windDat), slot);
+  file_ = windDat;
+  written_ = written;
+  size_ = size;
+  slot_ = slot;
+  valid_ = true;
+  ++readings_;
+  return winds_;
+}
+
 WindLookup LookupWind(std::span<const WindRecord> records, float lat, float lon, int month, int day, int year,
                       float hours, WindLookup previous) {
   WindLookup result = previous;
   result.found = false;
   result.rangeNm = -1;
-  WindBracket bracket = WindTimeBracket(hours / 24.0f);
-  double days = std::round(DaysSince2000(day, month, year, 0));
-  double from = days + bracket.lower;
-  double to = days + bracket.upper;
+  const WindSlotSpan slot = WindSlotOf(month, day, year, hours);
   float best = 24000.0f;
   // Record 1 is the header; it never matches a real slot as its speed and
   // time are 0, but it is skipped outright.
   for (std::size_t n = 1; n < records.size(); ++n) {
     const WindRecord& r = records[n];
     // The slot and the data flag first: ranges only for the records that count.
-    if (!(r.TimeDays >= from && r.TimeDays < to) || !(r.Speed < kNoWindThreshold)) continue;
+    if (!InWindSlot(r, slot)) continue;
     float range = RangeBearing(lat, lon, r.Lat, r.Long).range;
     if (range < best) {
       best = range;

@@ -169,6 +169,40 @@ WindLookup LookupWind(std::span<const WindRecord> records, float lat, float lon,
 WindLookup LookupWind(const std::filesystem::path& windDat, float lat, float lon, int month, int day, int year,
                       float hours, WindLookup previous = {});
 
+// The 3-hour slot of a moment as store times: the records of the slot lie
+// in [from, to). The day is counted whole from 01/01/2000, as the lookup
+// counts it.
+struct WindSlotSpan {
+  double from = 0;
+  double to = 0;
+  bool operator==(const WindSlotSpan&) const = default;
+};
+WindSlotSpan WindSlotOf(int month, int day, int year, float hours);
+// Whether a record is one of the slot's winds: in the slot, and with data.
+bool InWindSlot(const WindRecord& record, WindSlotSpan slot);
+// The winds of a slot, in store order, the header left out: what the
+// chart's wind layer draws.
+std::vector<WindRecord> WindsInSlot(std::span<const WindRecord> records, WindSlotSpan slot);
+
+// The winds of one slot of ~wind.dat, read again only when the slot asked
+// for or the file (its time of writing or size) has changed since the last
+// reading; a paint asks at every redraw and the file changes only at an
+// import.
+class WindSlotReader {
+ public:
+  const std::vector<WindRecord>& Winds(const std::filesystem::path& windDat, WindSlotSpan slot);
+  int Readings() const { return readings_; }
+
+ private:
+  std::filesystem::path file_;
+  std::filesystem::file_time_type written_{};
+  std::uintmax_t size_ = 0;
+  WindSlotSpan slot_;
+  bool valid_ = false;
+  int readings_ = 0;
+  std::vector<WindRecord> winds_;
+};
+
 // The list line of one store record or decoded point, tab-separated:
 //   "25/11/2026 @ 030000\t50.5, -1.25\t14.2\t292°T"
 std::string WindRecordLine(const WindRecord& record);
