@@ -92,6 +92,15 @@ Kelvane works a passage leg by leg through the tidal streams of the chart's area
 - A leg the boat cannot make against the stream is reported at that leg and the route point is moved to where the boat got to.
 - **Route > Last Route Results...** shows the earlier reports.
 
+## Wind and sailing
+
+- **Wind > GRIB Request...** puts a request for a forecast of the chart's area on the clipboard: mail it to a GRIB-by-mail service as the message says, and save the file that comes back.
+- **Wind > Import GRIB File...** reads that file (GRIB edition 1) into the wind store. **Show Wind on Chart** (**'**) draws the forecast as wind barbs for the tide time on show, the nearest forecast of its 3-hour slot.
+- GRIB times are UTC, and so are the wind store's: the program holds no time zone. In summer time (BST, one hour ahead) the forecast for 12:00 UTC is the wind at 13:00 on your clock.
+- **Wind > Use Stored Wind for Route** gives each leg of the route the forecast wind at its start, at the time the boat gets there. A leg the forecast does not cover (more than 40 miles from a grid point, or outside the forecast's times) keeps its last good wind.
+- **Wind > Enter Wind...** (or **Wind** in the route form) works each leg's speed and tack from the wind and the boat's polar; **Tack** in the route form sets each leg's tack so that leeway goes the right way. **Polar Plot...** and **Edit Polars...** show and change the polar. The sample polar is synthetic, not a real boat's: enter your own.
+- **Route > Single Leg...** solves one leg between two positions typed, picked from the waypoints or taken from the GPS.
+
 ## Moving about the chart
 
 - Drag with the left button to pan; **Up**, **Down**, **Left**, **Right** (or **U**, **D**, **L**, **R**, **Page Up**, **Page Down**) pan too; **Home** centres the chart.
