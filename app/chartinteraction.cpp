@@ -22,6 +22,7 @@
 #include "forms/frmMouseInput.h"
 #include "forms/messages.h"
 #include "routes/gpxwrite.h"
+#include "state/routewind.h"
 #include "state/settingsroad.h"
 
 namespace kelvane::app {
@@ -450,6 +451,16 @@ void ChartInteractionController::Apply(const InteractionOutcome& out) {
     }
     UpdateRouteCombo();
     window_.UpdateCaption();
+    // A point added at the end: its leg's wind from the store when the
+    // stored wind is in use.
+    const int count = RouteCount(window_.State().passage);
+    if (count > routeCount_) {
+      const NewLegWind wind = WindForNewLastLeg(window_.State());
+      if (wind.asked && wind.leg.found)
+        window_.State().passage.Route[static_cast<std::size_t>(wind.leg.leg)].LegWind = wind.leg.wind;
+      if (!wind.message.empty()) window_.showMessage(wind.message);
+    }
+    routeCount_ = count;
   }
   if (out.routeChanged || out.modeChanged) {
     SyncMenus();

@@ -94,6 +94,7 @@ class ChartInteractionController : public QObject {
   std::map<std::string, QAction*> toolButtons_;
   std::map<std::string, std::vector<QAction*>> toolGroups_;
   bool timer1WasActive_ = false;
+  int routeCount_ = 0;  // points of the route after the last outcome carried out
   bool commsWasActive_ = false;
 };
 

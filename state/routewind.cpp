@@ -51,4 +51,17 @@ StoredWindSwitch SwitchStoredWind(ProgramState& state) {
   return out;
 }
 
+NewLegWind WindForNewLastLeg(const ProgramState& state) {
+  NewLegWind out;
+  if (state.settings.UseSmartMet == 0 || RouteCount(state.passage) < 2) return out;
+  const std::vector<WindRecord> store = ReadWindStore(state.folders.WindStoreFile());
+  if (store.size() < 2) return out;  // the header alone: nothing imported
+  RouteWindOutcome route = RouteWindFromStore(state.passage, state.moment, store);
+  if (route.legs.empty()) return out;
+  out.asked = true;
+  out.leg = route.legs.back();
+  if (!out.leg.found) out.message = kRouteWindCoverageMessage;
+  return out;
+}
+
 }  // namespace kelvane

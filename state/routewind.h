@@ -58,4 +58,17 @@ struct [[nodiscard]] StoredWindSwitch {
 };
 StoredWindSwitch SwitchStoredWind(ProgramState& state);
 
+// A point just added at the end of the route: with the stored wind in use
+// and a store that holds winds, the new last leg takes the forecast at its
+// start. A leg the store does not cover keeps the wind it had and the route
+// tools' message is given. Nothing is asked with the stored wind off or
+// before any import, so that building a route without GRIB data raises no
+// message at every click.
+struct [[nodiscard]] NewLegWind {
+  bool asked = false;   // the store was asked about the last leg
+  LegWindLookup leg;    // the last leg, when asked
+  std::string message;  // kRouteWindCoverageMessage when asked and not covered
+};
+NewLegWind WindForNewLastLeg(const ProgramState& state);
+
 }  // namespace kelvane

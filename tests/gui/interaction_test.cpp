@@ -21,6 +21,7 @@
 #include "core/format.h"
 #include "core/positions.h"
 #include "forms/frmMouseInput.h"
+#include "wind/windstore.h"
 #include "support/gui_support.h"
 
 using namespace kelvane;
@@ -369,4 +370,44 @@ TEST(ChartModes, ZoomToolbarGroupAndKeys) {
   EXPECT_EQ(w.Panel(1), "Mode = Point Marked");
   w.Key(Qt::Key_Escape);
   EXPECT_EQ(w.Panel(1), "Mode = Route Creation (Use Route Menu or Shift + Click using mouse)");
+}
+
+// Building a route with the stored wind in use (the factory setting): before
+// any GRIB import nothing is asked, so no message comes at every click; once
+// a forecast is imported, each new leg takes the wind of its start, and a
+// leg the forecast does not cover keeps its wind with the route tools'
+// message. The winds are those worked by hand in tools/make_grib_samples.sh.
+TEST(ChartModes, NewLegTakesTheStoredWindOnlyOnceAForecastIsImported) {
+  App();
+  Window w;
+  w.chart.Chart()->LocatePoint(50.7f, 0.0f);
+  w.ShiftClick(w.ScreenOf(50.98f, -0.48f));
+  w.ShiftClick(w.ScreenOf(50.52f, 0.02f));
+  ASSERT_EQ(RouteCount(w.Passage()), 2);
+  EXPECT_TRUE(w.messages.empty());
+  EXPECT_FALSE(w.Passage().Route[1].LegWind);
+
+  const fs::path grib = fs::path(KELVANE_TEST_DATA) / "wind" / "wind_signed.grb";
+  ASSERT_TRUE(ImportGribToWindStore(grib, w.tree.folders.WindStoreFile(), w.tree.folders.GribPointsFile()).ok);
+  WorkingMoment& m = w.chart.State().moment;
+  m.WorkingDay = 329;  // 25/11/2026, 12:00 UTC
+  m.WorkingYear = 2026;
+  m.WorkingMonth = 11;
+  m.WorkingDayOfMonth = 25;
+  m.WorkingTime = 12.0f;
+  // The leg from about 50.52N 0.02E: nearest grid point 50.5N 0, (U, V) =
+  // (-4, 3) m/s: 5 / 0.5148 = 9.7125 kn from 126.87 degrees.
+  w.ShiftClick(w.ScreenOf(50.62f, 0.3f));
+  ASSERT_EQ(RouteCount(w.Passage()), 3);
+  ASSERT_TRUE(w.Passage().Route[2].LegWind);
+  EXPECT_NEAR(w.Passage().Route[2].LegWind->speed, 9.7125f, 1e-3);
+  EXPECT_NEAR(w.Passage().Route[2].LegWind->direction, 126.87f, 0.01f);
+  EXPECT_TRUE(w.messages.empty());
+  // A day later the forecast has nothing: the leg keeps none, and is told.
+  m.WorkingDay = 330;
+  m.WorkingDayOfMonth = 26;
+  w.ShiftClick(w.ScreenOf(50.6f, 0.45f));
+  ASSERT_EQ(RouteCount(w.Passage()), 4);
+  EXPECT_FALSE(w.Passage().Route[3].LegWind);
+  EXPECT_EQ(w.messages, std::vector<std::string>{kRouteWindCoverageMessage});
 }
