@@ -108,10 +108,7 @@ int CalculateRouteFile(const Context& cli, const RouteOptions& o, const Settings
     std::cerr << "Cannot read " << o.file << (status.detail.empty() ? "" : ": " + status.detail) << "\n";
     return 1;
   }
-  const std::vector<RouteFilePoint>* points = nullptr;
-  for (std::size_t i = 0; i < Count(store.FileRoutes) && !points; ++i)
-    if (o.route.empty() || store.FileRoutes[i].Name == o.route) points = &store.FileRoutes[i].Points;
-  if (!points && o.route.empty()) points = &UnnamedRoutePoints(store);
+  const std::vector<RouteFilePoint>* points = ChosenRoutePoints(store, o.route);
   if (!points) {
     std::cerr << "No route named " << o.route << " in " << o.file << "\n";
     return 1;

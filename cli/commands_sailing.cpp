@@ -47,10 +47,7 @@ int Tack(const TackOptions& o) {
     std::cerr << "Cannot read " << o.file << (status.detail.empty() ? "" : ": " + status.detail) << "\n";
     return 1;
   }
-  const std::vector<RouteFilePoint>* points = nullptr;
-  for (std::size_t i = 0; i < Count(store.FileRoutes) && !points; ++i)
-    if (o.route.empty() || store.FileRoutes[i].Name == o.route) points = &store.FileRoutes[i].Points;
-  if (!points && o.route.empty()) points = &UnnamedRoutePoints(store);
+  const std::vector<RouteFilePoint>* points = ChosenRoutePoints(store, o.route);
   if (!points || points->size() < 2) {
     std::cerr << (o.route.empty() ? "No route of two points or more" : "No route named " + o.route) << " in "
               << o.file << "\n";

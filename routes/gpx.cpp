@@ -169,6 +169,12 @@ const std::vector<RouteFilePoint>& UnnamedRoutePoints(const GpxStore& store) {
   return none;
 }
 
+const std::vector<RouteFilePoint>* ChosenRoutePoints(const GpxStore& store, const std::string& name) {
+  for (std::size_t i = 0; i < Count(store.FileRoutes); ++i)
+    if (name.empty() || store.FileRoutes[i].Name == name) return &store.FileRoutes[i].Points;
+  return name.empty() ? &UnnamedRoutePoints(store) : nullptr;
+}
+
 float GpxCoordinate(std::string_view text, std::string_view format) {
   const std::string trimmed = Trim(text);
   if (trimmed.empty()) throw GpxWalkError("empty coordinate");

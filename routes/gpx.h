@@ -98,6 +98,11 @@ std::size_t Count(const std::vector<T>& withBlank) {
 // held named routes or no route points at all.
 const std::vector<RouteFilePoint>& UnnamedRoutePoints(const GpxStore& store);
 
+// The route a command asks for by name: the named route of the file, or,
+// with no name, its first named route or else its unnamed route. Null when
+// the name is not in the file.
+const std::vector<RouteFilePoint>* ChosenRoutePoints(const GpxStore& store, const std::string& name);
+
 // What became of a read.
 enum class GpxReadOutcome {
   Read,         // the document loaded and was walked to its end
