@@ -148,10 +148,8 @@ TEST(MainWindowClock, UserTimeSurvivesThePollingLoopOfAnAttachedPort) {
 }
 
 TEST(MainWindowSettings, SavingANewBoatSpeedSetsEveryLegOfTheRoute) {
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   PassageState& p = chart.State().passage;
   p.Route.resize(4);  // three points, legs at their own speeds
   p.Route[1].Speed = 4.0f;
@@ -208,10 +206,8 @@ TEST(MainWindowSettings, ChartFileErrorWritesOnlyTheFactoryChart) {
 }
 
 TEST(MainWindowMenus, TidalAreaAndPortThenAboutAndQuickInstructions) {
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   // A second area file beside the sample's.
   fs::copy_file(tree.folders.DataRoot() / "TS" / "UK.hc", tree.folders.DataRoot() / "TS" / "Channel.hc");
 

@@ -32,16 +32,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct Window {
-  bool appUp = (App(), true);  // the application before the first widget
-  TempTree tree;
-  app::FrmChart chart{SeededState(tree)};
-  std::vector<std::string> messages;
-  Window() {
-    chart.showMessage = [this](const std::string& m) { messages.push_back(m); };
-    chart.Load();
-    messages.clear();
-  }
+struct Window : LoadedChart {
+  Window() { messages.clear(); }
   const Folders& folders() const { return tree.folders; }
 };
 

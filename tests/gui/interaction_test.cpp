@@ -31,17 +31,12 @@ namespace {
 
 // The main window on the sample chart at 100 percent, centred on Anvil
 // Point (a Sample.gpx waypoint).
-struct Window {
-  TempTree tree;
-  app::FrmChart chart{SeededState(tree)};
-  std::vector<std::string> messages;
+struct Window : LoadedChart {
   std::vector<std::string> questions;
   bool answer = true;
   Waypoint anvil;
 
   Window() {
-    chart.showMessage = [this](const std::string& m) { messages.push_back(m); };
-    chart.Load();
     chart.resize(1000, 760);
     chart.show();
     chart.Interaction()->askYesNo = [this](const std::string& text, const std::string& title) {
@@ -87,7 +82,6 @@ struct Window {
 }  // namespace
 
 TEST(ChartModes, StatusBarAndCaptionAtLoad) {
-  App();
   Window w;
   EXPECT_EQ(w.messages.size(), 0u);
   EXPECT_EQ(w.Panel(1), "Mode = Route Creation (Use Route Menu or Shift + Click using mouse)");
@@ -110,7 +104,6 @@ TEST(ChartModes, StatusBarAndCaptionAtLoad) {
 }
 
 TEST(ChartModes, ShiftClickBuildsARouteThatSnapsInsideTheCircleOnly) {
-  App();
   Window w;
   ASSERT_EQ(w.anvil.Name, "Anvil Point");
   const float circle = SearchCircleOf(w.chart.State().settings);
@@ -166,7 +159,6 @@ TEST(ChartModes, ShiftClickBuildsARouteThatSnapsInsideTheCircleOnly) {
 }
 
 TEST(ChartModes, InsWithOnePointGivesItsMessage) {
-  App();
   Window w;
   w.ShiftClick(w.South(w.anvil.Lat, w.anvil.Lon, 3.0f));
   ASSERT_EQ(RouteCount(w.Passage()), 1);
@@ -187,7 +179,6 @@ TEST(ChartModes, InsWithOnePointGivesItsMessage) {
 }
 
 TEST(ChartModes, DividersReportRangeAndBearingOfTwoClicks) {
-  App();
   Window w;
   w.chart.Action("mnuDividersOn")->trigger();
   QLabel* label = w.chart.Interaction()->DividersLabel();
@@ -215,7 +206,6 @@ TEST(ChartModes, DividersReportRangeAndBearingOfTwoClicks) {
 }
 
 TEST(ChartModes, RouteDragMovesAPointAndDividersEndIt) {
-  App();
   Window w;
   QPoint a = w.South(w.anvil.Lat, w.anvil.Lon, 3.0f);
   QPoint b = w.South(w.anvil.Lat, w.anvil.Lon, 6.0f) + QPoint(60, 0);
@@ -259,7 +249,6 @@ TEST(ChartModes, RouteDragMovesAPointAndDividersEndIt) {
 }
 
 TEST(ChartModes, PopupMenuEnabling) {
-  App();
   Window w;
   QPoint p = w.South(w.anvil.Lat, w.anvil.Lon, 3.0f);
   auto rightClick = [&] {
@@ -302,7 +291,6 @@ TEST(ChartModes, PopupMenuEnabling) {
 }
 
 TEST(ChartModes, MouseInputAppendsAndSavesTheWaypoint) {
-  App();
   Window w;
   QAction* wayMouse = w.chart.menuBar()->findChild<QAction*>("mnuWayMouse");
   ASSERT_NE(wayMouse, nullptr);
@@ -343,7 +331,6 @@ TEST(ChartModes, MouseInputAppendsAndSavesTheWaypoint) {
 }
 
 TEST(ChartModes, ZoomToolbarGroupAndKeys) {
-  App();
   Window w;
   app::ChartInteractionController* ci = w.chart.Interaction();
   QAction* zoom = ci->ToolButton("cmdZoom");
