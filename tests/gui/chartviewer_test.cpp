@@ -174,7 +174,6 @@ TEST(ChartViewer, HugeImageWithinItsMemory) {
 // ---- the chart pane over the sample charts ---------------------------------------
 
 TEST(ChartPane, DrawsTheFactoryChartAndSavesTheView) {
-  App();
   ChartTree t;
   {
     Pane opened(t, 1000, 700);
@@ -212,7 +211,6 @@ TEST(ChartPane, DrawsTheFactoryChartAndSavesTheView) {
 // The ladder once left ChartFile at the chooser's chart, so that after the
 // chooser had picked 9999-1 the way back to it was refused as "no switch".
 TEST(ChartPane, LadderByCommandAndByZoomWritesTheChartInUseAtEverySwitch) {
-  App();
   ChartTree t;
   t.settings.ChartFile = "9999-1";  // as the chooser writes it
   Pane opened(t, 1000, 700);
@@ -269,7 +267,6 @@ TEST(ChartPane, LadderByCommandAndByZoomWritesTheChartInUseAtEverySwitch) {
 }
 
 TEST(ChartPane, KeysZoomAndPan) {
-  App();
   ChartTree t;
   Pane opened(t, 800, 600);
   app::ChartPane& pane = opened.pane;
@@ -295,7 +292,6 @@ TEST(ChartPane, KeysZoomAndPan) {
 }
 
 TEST(ChartPane, BadImagesAndOutlines) {
-  App();
   ChartTree t;
   Pane opened(t, 800, 600);
   auto& [messages, pane] = opened;
@@ -339,7 +335,6 @@ TEST(ChartPane, BadImagesAndOutlines) {
 }
 
 TEST(ChartPane, MissingDatabaseGivesItsMessage) {
-  App();
   ChartTree t;
   t.settings.ChartSet = "Nowhere";
   app::ChartPane pane(t.tree.folders, t.settings);
@@ -354,7 +349,6 @@ TEST(ChartPane, MissingDatabaseGivesItsMessage) {
 // ---- the chooser ---------------------------------------------------------------
 
 TEST(LoadChartForm, AreasChartsSearchAndCancel) {
-  App();
   ChartTree t;
   ChartCatalogue catalogue = ReadChartsTable(t.tree.folders.DataRoot(), "Sample Chart");
   const SettingsRecord before = t.settings;

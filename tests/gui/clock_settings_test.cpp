@@ -70,7 +70,6 @@ void IdleMinute(app::FrmChart& chart, int ticks = 601) {
 }  // namespace
 
 TEST(MainWindowClock, OnRealTimeTheMinuteMovesThePortsAndTheStreamArrows) {
-  App();
   TempTree tree;
   app::FrmChart chart(SeededState(tree));
   std::string message;
@@ -100,7 +99,6 @@ TEST(MainWindowClock, OnRealTimeTheMinuteMovesThePortsAndTheStreamArrows) {
 
 TEST(MainWindowClock, UserTimeSurvivesThePollingLoopOfAnAttachedPort) {
   if (std::system("command -v socat >/dev/null 2>&1") != 0) GTEST_SKIP() << "socat is not installed";
-  App();
   TempTree tree;
   app::FrmChart chart(SeededState(tree));
   std::string message;
@@ -169,7 +167,6 @@ TEST(MainWindowSettings, SavingANewBoatSpeedSetsEveryLegOfTheRoute) {
 }
 
 TEST(MainWindowSettings, ChartFileErrorWritesOnlyTheFactoryChart) {
-  App();
   TempTree tree;
   ProgramState state = SeededState(tree);
   // A chart whose image is not there: the viewer has no picture.

@@ -250,7 +250,6 @@ TEST(MainWindowFiles, ConvertersAndExportsFromTheirEntries) {
 // An area database whose charts "table" is a view without end: the chart
 // load comes back with the message instead of hanging the window.
 TEST(MainWindowFiles, AnEndlessChartsViewComesBackWithAMessage) {
-  App();
   TempTree tree;
   ProgramState state;
   state.folders = tree.folders;

@@ -20,7 +20,6 @@ using namespace kelvane::test;
 namespace fs = std::filesystem;
 
 TEST(StartForm, NoticesAndDecline) {
-  App();
   TempTree tree;
   app::Frmdisclaimer start(tree.folders);
   int ended = -1;
@@ -47,7 +46,6 @@ TEST(StartForm, NoticesAndDecline) {
 }
 
 TEST(StartForm, RestoreDefaultsConfirms) {
-  App();
   TempTree tree;
   app::Frmdisclaimer start(tree.folders);
   std::string message;
@@ -60,7 +58,6 @@ TEST(StartForm, RestoreDefaultsConfirms) {
 }
 
 TEST(MainWindow, AcceptOpensTheChartWindow) {
-  App();
   TempTree tree;
   app::Frmdisclaimer start(tree.folders);
   std::string message;
@@ -145,7 +142,6 @@ TEST(MainWindow, MinuteTickKeepsTheDayAndTheCaption) {
 }
 
 TEST(MainWindow, ComesUpWithWhatItHasWhenTheTideFileIsMissing) {
-  App();
   TempTree tree;
   ProgramState state;
   state.folders = tree.folders;
