@@ -19,12 +19,8 @@ const std::string kData = std::string(KELVANE_SOURCE_DIR) + "/data";
 std::string Jet(const char* name) { return test::SharedTestFile(std::string("jet/") + name).string(); }
 
 std::vector<std::string> RunCli(const std::string& args, const std::string& input = "") {
-  std::string command = std::string(KELVANE_CLI) + " " + args + " 2>&1";
-  if (!input.empty()) command = "printf '" + input + "' | " + command;
-  std::vector<std::string> lines;
-  std::istringstream in(testing::RunCommand(command));
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
+  const std::string feed = input.empty() ? "" : "printf '" + input + "' | ";
+  return testing::SplitLines(testing::RunCommand(feed + KELVANE_CLI + " " + args + " 2>&1"));
 }
 
 TEST(Cli, DbTablesAndQueryOnJet) {

@@ -143,11 +143,9 @@ TEST(View, LocatePoint) {
     EXPECT_EQ(r->width, 200);
     EXPECT_EQ(r->height, 100);
   }
-}
-
-TEST(View, LocatePointRoundsHalfToEven) {
-  // A view of odd size: 500 - 100.5 = 399.5 -> 400, 401 - 50.5 = 350.5 -> 350.
-  ViewState v{1.0, {0, 0, 201, 101}, 1000, 800};
+  // A view of odd size rounds half to even: 500 - 100.5 = 399.5 -> 400,
+  // 401 - 50.5 = 350.5 -> 350.
+  v.rect = {0, 0, 201, 101};
   auto r = LocatePointRect(v, 500, 401);
   ASSERT_TRUE(r);
   EXPECT_EQ(r->left, 400);

@@ -159,9 +159,7 @@ TEST(OverlayGeometry, StreamArrowPointsWhereTheStreamRuns) {
   ArrowLines small = StreamArrowLines(0, 0, 90.0f, 8);
   EXPECT_NEAR(small.headRight.x, 4, tol);
   EXPECT_NEAR(small.headRight.y, 3, tol);
-}
-
-TEST(OverlayGeometry, ArrowLengthIsRateTimesTheConfiguredLength) {
+  // The length is the rate times the configured length.
   EXPECT_DOUBLE_EQ(StreamArrowLength(2.0f, 2, 4), 16.0);
   EXPECT_DOUBLE_EQ(StreamArrowLength(2.5f, 3, 10), 75.0);
   EXPECT_DOUBLE_EQ(StreamArrowLength(0.1f, 2, 4), 8.0);  // at least 8 pixels

@@ -233,11 +233,8 @@ TEST(MainWindowAis, PortGoneWhileAFormWasUpIsNotLeftFlaggedOpen) {
 }
 
 TEST(MainWindowAis, PredictionsRunWithTheTidalStreamAtTheBoat) {
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  chart.showMessage = [](const std::string&) {};
-  chart.Load();
+  LoadedChart loaded;
+  app::FrmChart& chart = loaded.chart;
   ProgramState& p = chart.State();
   ASSERT_FALSE(p.streams.Diamonds.empty());
   // A diamond whose table runs 1.2 knots towards 090 at every hour, springs

@@ -45,6 +45,32 @@ QImage Pattern(int w, int h) {
   return image;
 }
 
+// A 400 x 300 viewer without frame or scroll bars over a 1000 x 800
+// pattern at 100 percent, scrolled to the top left.
+void ShowPattern(app::ChartViewer& viewer) {
+  viewer.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  viewer.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  viewer.setFrameShape(QFrame::NoFrame);
+  viewer.resize(400, 300);
+  viewer.show();
+  viewer.SetImage(Pattern(1000, 800));
+  viewer.SetZoomPercent(100);
+  viewer.SetScrollPosition(0, 0);
+}
+
+// The chart pane over the seeded tree, its messages collected, shown at a
+// size with the factory chart loaded.
+struct Pane {
+  std::vector<std::string> messages;
+  app::ChartPane pane;
+  Pane(ChartTree& t, int width, int height) : pane(t.tree.folders, t.settings) {
+    pane.showMessage = [this](const std::string& m) { messages.push_back(m); };
+    pane.resize(width, height);
+    pane.show();
+    pane.LoadChart();
+  }
+};
+
 }  // namespace
 
 TEST(ChartViewer, StatusOfImageFiles) {
@@ -71,16 +97,9 @@ TEST(ChartViewer, StatusOfImageFiles) {
 TEST(ChartViewer, ZoomRectanglesAndConversions) {
   App();
   app::ChartViewer viewer;
-  viewer.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  viewer.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  viewer.setFrameShape(QFrame::NoFrame);
-  viewer.resize(400, 300);
-  viewer.show();
-  viewer.SetImage(Pattern(1000, 800));
+  ShowPattern(viewer);
   EXPECT_EQ(viewer.ImageWidth(), 1000);
   EXPECT_EQ(viewer.ImageHeight(), 800);
-  viewer.SetZoomPercent(100);
-  viewer.SetScrollPosition(0, 0);
   EXPECT_EQ(viewer.VisibleRect(), QRectF(0, 0, 400, 300));
   // The rectangle 100,100 200x150 fills the view at zoom 2.
   viewer.SetRect(QRectF(100, 100, 200, 150));
@@ -113,14 +132,7 @@ TEST(ChartViewer, ZoomRectanglesAndConversions) {
 TEST(ChartViewer, RubberBandZoomsToTheRectangle) {
   App();
   app::ChartViewer viewer;
-  viewer.setFrameShape(QFrame::NoFrame);
-  viewer.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  viewer.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  viewer.resize(400, 300);
-  viewer.show();
-  viewer.SetImage(Pattern(1000, 800));
-  viewer.SetZoomPercent(100);
-  viewer.SetScrollPosition(0, 0);
+  ShowPattern(viewer);
   viewer.SetMouseMode(1);
   QRectF selected;
   QObject::connect(&viewer, &app::ChartViewer::RubberBandSelected, [&](QRectF r) { selected = r; });
@@ -162,15 +174,10 @@ TEST(ChartViewer, HugeImageWithinItsMemory) {
 // ---- the chart pane over the sample charts ---------------------------------------
 
 TEST(ChartPane, DrawsTheFactoryChartAndSavesTheView) {
-  App();
   ChartTree t;
-  std::vector<std::string> messages;
   {
-    app::ChartPane pane(t.tree.folders, t.settings);
-    pane.showMessage = [&](const std::string& m) { messages.push_back(m); };
-    pane.resize(1000, 700);
-    pane.show();
-    pane.LoadChart();
+    Pane opened(t, 1000, 700);
+    auto& [messages, pane] = opened;
     EXPECT_TRUE(messages.empty()) << messages.front();
     EXPECT_EQ(pane.CurrentChart().chartNumber, "9999-1");
     EXPECT_EQ(pane.Viewer()->ImageWidth(), 3601);
@@ -195,11 +202,8 @@ TEST(ChartPane, DrawsTheFactoryChartAndSavesTheView) {
     pane.ViewStore().sync();
   }
   // The next run comes back to the same view.
-  app::ChartPane again(t.tree.folders, t.settings);
-  again.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  again.resize(1000, 700);
-  again.show();
-  again.LoadChart();
+  Pane second(t, 1000, 700);
+  app::ChartPane& again = second.pane;
   QRectF r = again.Viewer()->VisibleRect();
   EXPECT_NEAR(r.center().x(), again.ViewStore().value("Settings/Left").toDouble() + r.width() / 2, 2.0);
 }
@@ -207,15 +211,10 @@ TEST(ChartPane, DrawsTheFactoryChartAndSavesTheView) {
 // The ladder once left ChartFile at the chooser's chart, so that after the
 // chooser had picked 9999-1 the way back to it was refused as "no switch".
 TEST(ChartPane, LadderByCommandAndByZoomWritesTheChartInUseAtEverySwitch) {
-  App();
   ChartTree t;
   t.settings.ChartFile = "9999-1";  // as the chooser writes it
-  app::ChartPane pane(t.tree.folders, t.settings);
-  std::vector<std::string> messages;
-  pane.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  pane.resize(1000, 700);
-  pane.show();
-  pane.LoadChart();
+  Pane opened(t, 1000, 700);
+  auto& [messages, pane] = opened;
   pane.SetCursorPosition(kAnvilLat, kAnvilLon);
   pane.LocatePoint(kAnvilLat, kAnvilLon);
   // Next scale: the finer chart at the cursor, written to the settings file.
@@ -268,13 +267,9 @@ TEST(ChartPane, LadderByCommandAndByZoomWritesTheChartInUseAtEverySwitch) {
 }
 
 TEST(ChartPane, KeysZoomAndPan) {
-  App();
   ChartTree t;
-  app::ChartPane pane(t.tree.folders, t.settings);
-  pane.showMessage = [](const std::string&) {};
-  pane.resize(800, 600);
-  pane.show();
-  pane.LoadChart();
+  Pane opened(t, 800, 600);
+  app::ChartPane& pane = opened.pane;
   pane.Viewer()->SetZoomPercent(50);
   pane.SetCursorPosition(kAnvilLat, kAnvilLon);
   pane.HandleKey(Qt::Key_I, {});
@@ -297,14 +292,9 @@ TEST(ChartPane, KeysZoomAndPan) {
 }
 
 TEST(ChartPane, BadImagesAndOutlines) {
-  App();
   ChartTree t;
-  app::ChartPane pane(t.tree.folders, t.settings);
-  std::vector<std::string> messages;
-  pane.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  pane.resize(800, 600);
-  pane.show();
-  pane.LoadChart();
+  Pane opened(t, 800, 600);
+  auto& [messages, pane] = opened;
   ASSERT_TRUE(pane.Viewer()->HasImage());
   // A missing image: "error code: 1", and the old chart stays on show.
   t.settings.ChartPath = (t.tree.folders.DataRoot() / "Charts" / "nothing").string();
@@ -345,7 +335,6 @@ TEST(ChartPane, BadImagesAndOutlines) {
 }
 
 TEST(ChartPane, MissingDatabaseGivesItsMessage) {
-  App();
   ChartTree t;
   t.settings.ChartSet = "Nowhere";
   app::ChartPane pane(t.tree.folders, t.settings);
@@ -360,7 +349,6 @@ TEST(ChartPane, MissingDatabaseGivesItsMessage) {
 // ---- the chooser ---------------------------------------------------------------
 
 TEST(LoadChartForm, AreasChartsSearchAndCancel) {
-  App();
   ChartTree t;
   ChartCatalogue catalogue = ReadChartsTable(t.tree.folders.DataRoot(), "Sample Chart");
   const SettingsRecord before = t.settings;

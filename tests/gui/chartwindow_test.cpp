@@ -52,7 +52,6 @@ std::string FolderArgs(const Folders& f) {
 // its viewer a few pixels wide, so the chart came back as a speck and that
 // speck's view was then saved for the run after.
 TEST(ChartWindow, SavedViewWaitsForTheWindowsSizeSoTheChartComesBackAsItWasLeft) {
-  App();
   TempTree tree;
   const ProgramState seeded = SeededState(tree);
   QRectF left;

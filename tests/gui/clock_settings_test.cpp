@@ -70,7 +70,6 @@ void IdleMinute(app::FrmChart& chart, int ticks = 601) {
 }  // namespace
 
 TEST(MainWindowClock, OnRealTimeTheMinuteMovesThePortsAndTheStreamArrows) {
-  App();
   TempTree tree;
   app::FrmChart chart(SeededState(tree));
   std::string message;
@@ -100,7 +99,6 @@ TEST(MainWindowClock, OnRealTimeTheMinuteMovesThePortsAndTheStreamArrows) {
 
 TEST(MainWindowClock, UserTimeSurvivesThePollingLoopOfAnAttachedPort) {
   if (std::system("command -v socat >/dev/null 2>&1") != 0) GTEST_SKIP() << "socat is not installed";
-  App();
   TempTree tree;
   app::FrmChart chart(SeededState(tree));
   std::string message;
@@ -148,10 +146,8 @@ TEST(MainWindowClock, UserTimeSurvivesThePollingLoopOfAnAttachedPort) {
 }
 
 TEST(MainWindowSettings, SavingANewBoatSpeedSetsEveryLegOfTheRoute) {
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   PassageState& p = chart.State().passage;
   p.Route.resize(4);  // three points, legs at their own speeds
   p.Route[1].Speed = 4.0f;
@@ -171,7 +167,6 @@ TEST(MainWindowSettings, SavingANewBoatSpeedSetsEveryLegOfTheRoute) {
 }
 
 TEST(MainWindowSettings, ChartFileErrorWritesOnlyTheFactoryChart) {
-  App();
   TempTree tree;
   ProgramState state = SeededState(tree);
   // A chart whose image is not there: the viewer has no picture.
@@ -208,10 +203,8 @@ TEST(MainWindowSettings, ChartFileErrorWritesOnlyTheFactoryChart) {
 }
 
 TEST(MainWindowMenus, TidalAreaAndPortThenAboutAndQuickInstructions) {
-  App();
-  TempTree tree;
-  app::FrmChart chart(SeededState(tree));
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   // A second area file beside the sample's.
   fs::copy_file(tree.folders.DataRoot() / "TS" / "UK.hc", tree.folders.DataRoot() / "TS" / "Channel.hc");
 

@@ -32,16 +32,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct Window {
-  bool appUp = (App(), true);  // the application before the first widget
-  TempTree tree;
-  app::FrmChart chart{SeededState(tree)};
-  std::vector<std::string> messages;
-  Window() {
-    chart.showMessage = [this](const std::string& m) { messages.push_back(m); };
-    chart.Load();
-    messages.clear();
-  }
+struct Window : LoadedChart {
+  Window() { messages.clear(); }
   const Folders& folders() const { return tree.folders; }
 };
 
@@ -258,7 +250,6 @@ TEST(MainWindowFiles, ConvertersAndExportsFromTheirEntries) {
 // An area database whose charts "table" is a view without end: the chart
 // load comes back with the message instead of hanging the window.
 TEST(MainWindowFiles, AnEndlessChartsViewComesBackWithAMessage) {
-  App();
   TempTree tree;
   ProgramState state;
   state.folders = tree.folders;

@@ -28,7 +28,6 @@ T* Child(QWidget& w, const char* name) {
 }  // namespace
 
 TEST(ConfigureForm, RefusesAndStaysOpenThenSaves) {
-  App();
   TempTree tree;
   std::filesystem::create_directories(tree.folders.UserFiles());
   ASSERT_TRUE(WriteSettings(tree.folders.SettingsFile(), DefaultSettings(tree.folders)));
@@ -65,7 +64,6 @@ TEST(ConfigureForm, RefusesAndStaysOpenThenSaves) {
 }
 
 TEST(ConfigureForm, StreamSubsetChecksItsFontSize) {
-  App();
   TempTree tree;
   std::filesystem::create_directories(tree.folders.UserFiles());
   ASSERT_TRUE(WriteSettings(tree.folders.SettingsFile(), DefaultSettings(tree.folders)));
@@ -92,7 +90,6 @@ TEST(ConfigureForm, StreamSubsetChecksItsFontSize) {
 // The form used to read the whole record at open and write it back whole at
 // OK, undoing a setting changed elsewhere (a menu switch) while it was open.
 TEST(ConfigureForm, OkKeepsASettingChangedSinceTheFormOpened) {
-  App();
   TempTree tree;
   std::filesystem::create_directories(tree.folders.UserFiles());
   const std::filesystem::path file = tree.folders.SettingsFile();

@@ -41,7 +41,6 @@ std::string Joined(const std::vector<std::string>& lines) {
 // (5 knots, no variation) whatever the user's settings file said, so the
 // window and the command line gave two passages for one route.
 TEST(FrontDoors, CliRouteWorkedWithTheFactorySettingsInsteadOfTheUsersFile) {
-  App();
   TempTree tree;
   ProgramState seeded = SeededState(tree);
   // The user's settings differ from the factory's in the boat and the

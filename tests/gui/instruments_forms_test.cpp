@@ -52,7 +52,6 @@ TEST(AisForms, SummaryAndDetails) {
 
 TEST(GpsConfigForms, WriteTheSettingsRecordWithTheGpsTypeAsItsNumber) {
   if (!HaveSocat()) GTEST_SKIP() << "socat is not installed";
-  App();
   TempTree tree;
   CreateDataTree(tree.folders);
   WriteSettings(tree.folders.SettingsFile(), SettingsRecord{});
@@ -160,7 +159,6 @@ TEST(CommsInfoForm, PortTestShowsDataAndTheLinesAndAVanishedPort) {
 
 TEST(MainWindowInstruments, AttachPollDetach) {
   if (!HaveSocat()) GTEST_SKIP() << "socat is not installed";
-  App();
   TempTree tree;
   app::FrmChart chart(SeededState(tree));
   std::string message;

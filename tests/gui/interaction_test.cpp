@@ -32,17 +32,12 @@ namespace {
 
 // The main window on the sample chart at 100 percent, centred on Anvil
 // Point (a Sample.gpx waypoint).
-struct Window {
-  TempTree tree;
-  app::FrmChart chart{SeededState(tree)};
-  std::vector<std::string> messages;
+struct Window : LoadedChart {
   std::vector<std::string> questions;
   bool answer = true;
   Waypoint anvil;
 
   Window() {
-    chart.showMessage = [this](const std::string& m) { messages.push_back(m); };
-    chart.Load();
     chart.resize(1000, 760);
     chart.show();
     chart.Interaction()->askYesNo = [this](const std::string& text, const std::string& title) {
@@ -88,7 +83,6 @@ struct Window {
 }  // namespace
 
 TEST(ChartModes, StatusBarAndCaptionAtLoad) {
-  App();
   Window w;
   EXPECT_EQ(w.messages.size(), 0u);
   EXPECT_EQ(w.Panel(1), "Mode = Route Creation (Use Route Menu or Shift + Click using mouse)");
@@ -111,7 +105,6 @@ TEST(ChartModes, StatusBarAndCaptionAtLoad) {
 }
 
 TEST(ChartModes, ShiftClickBuildsARouteThatSnapsInsideTheCircleOnly) {
-  App();
   Window w;
   ASSERT_EQ(w.anvil.Name, "Anvil Point");
   const float circle = SearchCircleOf(w.chart.State().settings);
@@ -167,7 +160,6 @@ TEST(ChartModes, ShiftClickBuildsARouteThatSnapsInsideTheCircleOnly) {
 }
 
 TEST(ChartModes, InsWithOnePointGivesItsMessage) {
-  App();
   Window w;
   w.ShiftClick(w.South(w.anvil.Lat, w.anvil.Lon, 3.0f));
   ASSERT_EQ(RouteCount(w.Passage()), 1);
@@ -188,7 +180,6 @@ TEST(ChartModes, InsWithOnePointGivesItsMessage) {
 }
 
 TEST(ChartModes, DividersReportRangeAndBearingOfTwoClicks) {
-  App();
   Window w;
   w.chart.Action("mnuDividersOn")->trigger();
   QLabel* label = w.chart.Interaction()->DividersLabel();
@@ -216,7 +207,6 @@ TEST(ChartModes, DividersReportRangeAndBearingOfTwoClicks) {
 }
 
 TEST(ChartModes, RouteDragMovesAPointAndDividersEndIt) {
-  App();
   Window w;
   QPoint a = w.South(w.anvil.Lat, w.anvil.Lon, 3.0f);
   QPoint b = w.South(w.anvil.Lat, w.anvil.Lon, 6.0f) + QPoint(60, 0);
@@ -260,7 +250,6 @@ TEST(ChartModes, RouteDragMovesAPointAndDividersEndIt) {
 }
 
 TEST(ChartModes, PopupMenuEnabling) {
-  App();
   Window w;
   QPoint p = w.South(w.anvil.Lat, w.anvil.Lon, 3.0f);
   auto rightClick = [&] {
@@ -303,7 +292,6 @@ TEST(ChartModes, PopupMenuEnabling) {
 }
 
 TEST(ChartModes, MouseInputAppendsAndSavesTheWaypoint) {
-  App();
   Window w;
   QAction* wayMouse = w.chart.menuBar()->findChild<QAction*>("mnuWayMouse");
   ASSERT_NE(wayMouse, nullptr);
@@ -344,7 +332,6 @@ TEST(ChartModes, MouseInputAppendsAndSavesTheWaypoint) {
 }
 
 TEST(ChartModes, ZoomToolbarGroupAndKeys) {
-  App();
   Window w;
   app::ChartInteractionController* ci = w.chart.Interaction();
   QAction* zoom = ci->ToolButton("cmdZoom");

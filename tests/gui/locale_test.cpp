@@ -118,7 +118,6 @@ TEST(DecimalCommaDesktop, WaypointsStreamsAndTypedSpeedAsUnderC) {
 // in. tools/screenshots.sh runs it under C.UTF-8 and under de_DE.UTF-8 and
 // checks that the two pictures are the same, pixel for pixel.
 TEST(DecimalCommaDesktop, MainWindowPictureInTheStartingLocale) {
-  App();
   TempTree tree;
   app::FrmChart chart(SeededState(tree));
   chart.showMessage = [](const std::string& m) { ADD_FAILURE() << m; };

@@ -300,14 +300,10 @@ double MeanBrightness(const QImage& image) {
 }  // namespace
 
 TEST(OverlaysWindow, LayerSwitchesWriteAtOnceAndShowTheirPictures) {
-  App();
-  TempTree tree;
-  FrmChart chart(SeededState(tree));
-  std::string message;
-  chart.showMessage = [&](const std::string& m) { message = m; };
-  chart.Load();
+  LoadedChart loaded;
+  auto& [tree, messages, chart] = loaded;
   chart.show();
-  EXPECT_EQ(message, "");
+  EXPECT_TRUE(messages.empty());
   auto* button = chart.ToolBar()->findChild<QAction*>("cmdLayerWaypoints");
   ASSERT_NE(button, nullptr);
   EXPECT_EQ(button->data().toString(), "waypointsvis.bmp");
@@ -334,11 +330,8 @@ TEST(OverlaysWindow, LayerSwitchesWriteAtOnceAndShowTheirPictures) {
 }
 
 TEST(OverlaysWindow, NightViewDarkensAndDayViewRestores) {
-  App();
-  TempTree tree;
-  FrmChart chart(SeededState(tree));
-  chart.showMessage = [](const std::string&) {};
-  chart.Load();
+  LoadedChart loaded;
+  FrmChart& chart = loaded.chart;
   chart.resize(900, 700);
   chart.show();
   QTest::qWait(10);
@@ -358,12 +351,8 @@ TEST(OverlaysWindow, NightViewDarkensAndDayViewRestores) {
 }
 
 TEST(OverlaysWindow, TideRollMovesToTheNextWholeHourAndRecalculatesTheStreams) {
-  App();
-  TempTree tree;
-  FrmChart chart(SeededState(tree));
-  std::string message;
-  chart.showMessage = [&](const std::string& m) { message = m; };
-  chart.Load();
+  LoadedChart loaded;
+  FrmChart& chart = loaded.chart;
   ASSERT_FALSE(chart.State().streams.StreamNow.empty());  // the load worked out the arrows
   WorkingMoment& m = chart.State().moment;
   m.userTimeSet = true;
@@ -377,7 +366,7 @@ TEST(OverlaysWindow, TideRollMovesToTheNextWholeHourAndRecalculatesTheStreams) {
   EXPECT_EQ(m.WorkingTime, 23.0f);
   EXPECT_EQ(m.WorkingDay, day);
   EXPECT_EQ(chart.StatusPanel(5)->text(), "23:00");
-  EXPECT_EQ(message, "");
+  EXPECT_TRUE(loaded.messages.empty());
   EXPECT_EQ(chart.State().streams.StreamNow.size(), chart.State().streams.Diamonds.size());
 }
 
@@ -385,12 +374,8 @@ TEST(OverlaysWindow, TideRollMovesToTheNextWholeHourAndRecalculatesTheStreams) {
 // track, the waypoints as banded marks and the stream arrows, at two zooms
 // (saved when KELVANE_SCREENSHOT_DIR is set: tools/screenshots.sh).
 TEST(OverlaysWindow, CalculatedRouteOnTheSampleChart) {
-  App();
-  TempTree tree;
-  FrmChart chart(SeededState(tree));
-  std::string message;
-  chart.showMessage = [&](const std::string& m) { message = m; };
-  chart.Load();
+  LoadedChart loaded;
+  FrmChart& chart = loaded.chart;
   ProgramState& st = chart.State();
   st.settings.WayPointIcon = -1;
   // A route through four sample marks on the chart on show.

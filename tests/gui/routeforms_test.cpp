@@ -43,7 +43,7 @@ namespace {
 
 // The sample data in a temporary tree, the sample chart's diamonds, and
 // the tides of 10 June 2025 (day 161) with the working time 10:00.
-struct RouteWorld {
+struct RouteWorld : ApplicationStarted {
   TempTree tree;
   TideState tides;
   StreamState streams;
@@ -84,7 +84,6 @@ struct Sinks {
 }  // namespace
 
 TEST(frmcalcroute, ListsTheLegsInThreeLinesAndFillsTheBoxes) {
-  App();
   RouteWorld w;
   forms::frmcalcroute form(w.passage, w.ctx, w.settings, w.moment);
   form.show();
@@ -127,7 +126,6 @@ TEST(frmcalcroute, ListsTheLegsInThreeLinesAndFillsTheBoxes) {
 }
 
 TEST(frmcalcroute, SpeedForAllLegsAndTheSpeedChecks) {
-  App();
   RouteWorld w;
   forms::frmcalcroute form(w.passage, w.ctx, w.settings, w.moment);
   Sinks sinks;
@@ -181,7 +179,6 @@ TEST(frmcalcroute, SpeedForAllLegsAndTheSpeedChecks) {
 }
 
 TEST(frmcalcroute, BadDepartureTimes) {
-  App();
   RouteWorld w;
   forms::frmcalcroute form(w.passage, w.ctx, w.settings, w.moment);
   Sinks sinks;
@@ -206,7 +203,6 @@ TEST(frmcalcroute, BadDepartureTimes) {
 }
 
 TEST(frmcalcroute, ReverseTurnsTheRouteRound) {
-  App();
   RouteWorld w;
   w.passage.Route[2].Speed = 4;
   forms::frmcalcroute form(w.passage, w.ctx, w.settings, w.moment);
@@ -227,7 +223,6 @@ TEST(frmcalcroute, ReverseTurnsTheRouteRound) {
 }
 
 TEST(frmcalcroute, ModifyALegThroughItsForm) {
-  App();
   RouteWorld w;
   forms::frmcalcroute form(w.passage, w.ctx, w.settings, w.moment);
   std::vector<std::string> messages;
@@ -264,7 +259,6 @@ TEST(frmcalcroute, ModifyALegThroughItsForm) {
 }
 
 TEST(frmcalcroute, CalculatesAndTheResultsShowTheReport) {
-  App();
   RouteWorld w;
   forms::frmcalcroute form(w.passage, w.ctx, w.settings, w.moment);
   Sinks sinks;
@@ -390,7 +384,6 @@ TEST(frmrouteinfo, ListsThePointsUnderTheSummary) {
 
 
 TEST(frmcalcroute, YesToALowSpeedGoesOnAndAnUnreachedLegWarnsAtThatLeg) {
-  App();
   RouteWorld w;
   // The streams turn in the twenty hours a slow boat takes over the first
   // leg and bring it back near its line; a skipper who asks for a track

@@ -25,15 +25,12 @@
 namespace kelvane::forms {
 namespace {
 
-using test::App;
-
 // The data tree in a temporary folder, laid out as start-up lays it out.
 struct Tree : test::TempTree {
   Tree() { CreateDataTree(folders); }
 };
 
 TEST(RoutesForms, TextImportOfARoute) {
-  App();
   Tree tree;
   std::filesystem::path source = tree.folders.programFolder / "legs.txt";
   std::ofstream(source) << "Start,50.30.0N,001.30.0W,5\nEnd,50.40.0N,001.20.0W,6\n";
@@ -49,7 +46,6 @@ TEST(RoutesForms, TextImportOfARoute) {
 }
 
 TEST(RoutesForms, StepsToWaypointsDropsCharactersAsTyped) {
-  App();
   Tree tree;
   frmCOGToWayExport form(tree.folders, {{50.5f, -1.5f}, {50.6f, -1.4f}});
   EXPECT_EQ(form.Save(), "No file name");
@@ -64,7 +60,6 @@ TEST(RoutesForms, StepsToWaypointsDropsCharactersAsTyped) {
 }
 
 TEST(RoutesForms, CompoundExportOfPickedFiles) {
-  App();
   Tree tree;
   ASSERT_TRUE(WriteSampleWaypoints(tree.folders));
   frmCompoundExport form(tree.folders);

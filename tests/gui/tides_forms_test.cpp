@@ -20,17 +20,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using kelvane::test::App;
-
 // A data root with its TS folder, in a temporary folder of its own.
-struct Folder {
+struct Folder : kelvane::test::ApplicationStarted {
   kelvane::test::TempDir dir;
   fs::path path = dir.path;
   Folder() { fs::create_directories(path / "TS"); }
 };
 
 TEST(frmTidesSeaArea, RefusesAnEmptyChoiceThenStoresTheClickedName) {
-  App();
   Folder dir;
   fs::copy_file(fs::path(KELVANE_SOURCE_DIR) / "data" / "TS" / "UK.hc", dir.path / "TS" / "UK.hc");
   std::ofstream(dir.path / "TS" / "Brittany.hc") << "";
@@ -59,7 +56,6 @@ TEST(frmTidesSeaArea, RefusesAnEmptyChoiceThenStoresTheClickedName) {
 }
 
 TEST(frmPortName, ShowsTheStoredPortAndStoresTheChoice) {
-  App();
   Folder dir;
   const fs::path area = fs::path(KELVANE_SOURCE_DIR) / "data" / "TS" / "UK.hc";
   const fs::path settings = dir.path / "KelvaneConfigv1000.cfg";

@@ -10,31 +10,18 @@
 
 namespace {
 
-struct CliRun {
-  std::string out;
-  int status = 0;
-};
+using CliRun = kelvane::test::CliResult;
 
 CliRun Cli(const std::string& args) {
-  const std::string data = std::string(KELVANE_SOURCE_DIR) + "/data";
-  const std::string command = std::string("'") + KELVANE_CLI + "' --data-root '" + data + "' " + args + " 2>&1";
-  CliRun r;
-  r.out = kelvane::testing::RunCommand(command, &r.status);
-  return r;
+  return kelvane::test::RunCli("--data-root '" + std::string(KELVANE_SOURCE_DIR) + "/data' " + args);
 }
 
 std::string Gpx(const char* name) { return std::string("'") + KELVANE_TEST_DATA + "/passage/" + name + "'"; }
 
 std::string LinesStarting(const std::string& text, const std::string& head) {
   std::string out;
-  std::size_t pos = 0;
-  while (pos < text.size()) {
-    std::size_t end = text.find('\n', pos);
-    if (end == std::string::npos) end = text.size();
-    const std::string line = text.substr(pos, end - pos);
+  for (const std::string& line : kelvane::testing::SplitLines(text))
     if (line.rfind(head, 0) == 0) out += line + "\n";
-    pos = end + 1;
-  }
   return out;
 }
 

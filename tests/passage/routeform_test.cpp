@@ -4,18 +4,12 @@
 
 #include "passage/routecalc.h"
 #include "passage/routeform.h"
+#include "support/route_sample.h"
 
 namespace kelvane {
 namespace {
 
-RoutePoint Point(float lat, float lon, const char* name, float speed) {
-  RoutePoint p;
-  p.Lat = lat;
-  p.Lon = lon;
-  p.Name = name;
-  p.Speed = speed;
-  return p;
-}
+using kelvane::test::Point;
 
 // Three points on the meridian of 1 degree west: 12 miles north, then 6
 // miles south (a tenth of a degree of latitude is 6 miles).

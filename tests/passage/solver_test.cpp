@@ -8,6 +8,7 @@
 #include "core/positions.h"
 #include "passage/routecalc.h"
 #include "streams/stream_fixture.h"
+#include "support/route_sample.h"
 
 namespace kelvane {
 namespace {
@@ -166,14 +167,7 @@ TEST(RouteCalc, DepartureTimeMessages) {
   EXPECT_EQ(ok.hours, 9.5f);
 }
 
-RoutePoint Point(float lat, float lon, const char* name, float speed) {
-  RoutePoint p;
-  p.Lat = lat;
-  p.Lon = lon;
-  p.Name = name;
-  p.Speed = speed;
-  return p;
-}
+using kelvane::test::Point;
 
 RouteCalcInput Input() {
   RouteCalcInput in;

@@ -207,7 +207,10 @@ TEST(SampleWaypoints, FortyEightChannelMarksWithTheirBands) {
     if (w[i].Sym == "YB") ++yb;
   }
   EXPECT_GE(yb, 2);
+  EXPECT_EQ(w[0].Name, "Anvil Point");
   EXPECT_EQ(w[0].Desc, "White Tower");
+  EXPECT_EQ(w[0].Lat, 50.58233f);
+  EXPECT_EQ(w[0].Lon, -1.930833f);
 }
 
 TEST(SampleWaypoints, WrittenIntoTheWaypointsFolder) {

@@ -48,7 +48,7 @@ TEST(LegacyRecords, LengthNotAMultipleOfTheRecord) {
   EXPECT_EQ(ReadRteRecords(two).size(), 1u);  // 86 bytes hold one 47-byte record
 }
 
-TEST(LegacyConversion, WayFileToGpx) {
+TEST(LegacyConversion, WayFileToGpxAndEmptyAndMissingSources) {
   TempFolder tmp;
   Bytes bytes = WayRecordBytes({{"Anvil Point", 50.58233f, -1.930833f}, {"  Lead", 50.5f, -1.5f}});
   bytes.push_back(0x41);  // a stray byte at the end is not a record
@@ -63,21 +63,13 @@ TEST(LegacyConversion, WayFileToGpx) {
                 "  <wpt lat=\"50.500000000\" lon=\"-1.500000000\">\r\n    <name>  Lead</name>\r\n"
                 "    <desc>From the old list</desc>\r\n    <sym></sym>\r\n  </wpt>\r\n" +
                 GpxFooter());
-}
-
-TEST(LegacyConversion, EmptyWayFileGivesHeaderOnly) {
-  TempFolder tmp;
+  // An empty file gives the header and footer only.
   WriteText(tmp / "empty.way", "");
-  FileCommandResult r = ConvertWayFileToGpx(tmp / "empty.way", tmp / "empty.gpx", "");
-  ASSERT_TRUE(r.ok);
+  ASSERT_TRUE(ConvertWayFileToGpx(tmp / "empty.way", tmp / "empty.gpx", "").ok);
   EXPECT_EQ(ReadText(tmp / "empty.gpx"), GpxHeader() + GpxFooter());
-}
-
-TEST(LegacyConversion, MissingSourceLeavesTheDestinationUnwritten) {
-  TempFolder tmp;
+  // A missing source leaves the destination unwritten.
   WriteText(tmp / "keep.gpx", "old");
-  FileCommandResult r = ConvertRteFileToGpx(tmp / "absent.rte", tmp / "keep.gpx");
-  EXPECT_FALSE(r.ok);
+  EXPECT_FALSE(ConvertRteFileToGpx(tmp / "absent.rte", tmp / "keep.gpx").ok);
   EXPECT_EQ(ReadText(tmp / "keep.gpx"), "old");
 }
 

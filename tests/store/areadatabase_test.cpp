@@ -20,10 +20,7 @@ namespace {
 // The real Jet files kept beside the project (shared/testdata/jet).
 std::filesystem::path JetFile(const char* name) { return test::SharedTestFile(std::string("jet/") + name); }
 
-void WriteBytes(const std::filesystem::path& file, const std::string& bytes) {
-  std::ofstream out(file, std::ios::binary);
-  out << bytes;
-}
+using test::WriteText;
 
 TEST(Recognise, ByHeaderNotByName) {
   SKIP_WITHOUT_SHARED_FILE("jet/nwind.mdb");
@@ -35,9 +32,9 @@ TEST(Recognise, ByHeaderNotByName) {
   EXPECT_EQ(RecogniseDatabase(JetFile("nwind.mdb")), DatabaseKind::Jet3);
   EXPECT_EQ(RecogniseDatabase(JetFile("DateTestDatabase.mdb")), DatabaseKind::Jet4);
   EXPECT_EQ(RecogniseDatabase(dir.path() / "none.l35"), DatabaseKind::Missing);
-  WriteBytes(dir.path() / "text.l35", "hello, this is not a database at all");
+  WriteText(dir.path() / "text.l35", "hello, this is not a database at all");
   EXPECT_EQ(RecogniseDatabase(dir.path() / "text.l35"), DatabaseKind::Unknown);
-  WriteBytes(dir.path() / "empty.l35", "");
+  WriteText(dir.path() / "empty.l35", "");
   EXPECT_EQ(RecogniseDatabase(dir.path() / "empty.l35"), DatabaseKind::Unknown);
 }
 
@@ -187,12 +184,12 @@ TEST(BadInput, MessagesAndEmptyResultsNeverACrash) {
   good = AreaDatabase();
   auto bytes = ReadFileBytes(dir.path() / "good.l35");
   ASSERT_TRUE(bytes);
-  WriteBytes(dir.path() / "cut.l35", std::string(bytes->begin(), bytes->begin() + 100));
-  WriteBytes(dir.path() / "garbage.l35", std::string("SQLite format 3") + '\0' + std::string(5000, '\x5a'));
+  WriteText(dir.path() / "cut.l35", std::string(bytes->begin(), bytes->begin() + 100));
+  WriteText(dir.path() / "garbage.l35", std::string("SQLite format 3") + '\0' + std::string(5000, '\x5a'));
   std::string jetHeader(0x20, '\0');
   jetHeader.replace(4, 15, "Standard Jet DB");
-  WriteBytes(dir.path() / "jetcut.l35", jetHeader + std::string(3000, '\x01'));
-  WriteBytes(dir.path() / "text.l35", "not a database");
+  WriteText(dir.path() / "jetcut.l35", jetHeader + std::string(3000, '\x01'));
+  WriteText(dir.path() / "text.l35", "not a database");
   struct Case { const char* file; const char* reason; } cases[] = {
       {"missing.l35", "the file is missing or can't be read"},
       {"text.l35", "the file is neither an SQLite nor a Jet database"},

@@ -34,8 +34,14 @@ inline QApplication& App() {
   return *app;
 }
 
-// The program's three folders inside a temporary folder.
-struct TempTree {
+// Starts the one application before the widgets of a test.
+struct ApplicationStarted {
+  ApplicationStarted() { App(); }
+};
+
+// The program's three folders inside a temporary folder (the application
+// started, for the widgets that show them).
+struct TempTree : ApplicationStarted {
   TempDir dir;
   Folders folders;
   TempTree() {
@@ -60,9 +66,6 @@ inline ProgramState SeededState(const TempTree& tree) {
 // parts are meant to be bound by name:
 //   LoadedChart loaded;
 //   auto& [tree, messages, chart] = loaded;
-struct ApplicationStarted {
-  ApplicationStarted() { App(); }
-};
 struct LoadedChart : ApplicationStarted {
   TempTree tree;
   std::vector<std::string> messages;

@@ -17,13 +17,8 @@ struct CliRun {
 };
 
 CliRun RunCli(const std::string& args) {
-  CliRun run;
-  const std::string command = std::string(KELVANE_CLI) + " " + args + " 2>&1";
-  const std::string text = kelvane::testing::RunCommand(command, &run.status);
-  std::size_t start = 0;
-  for (std::size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
-    run.lines.push_back(text.substr(start, end - start));
-  return run;
+  const kelvane::test::CliResult r = kelvane::test::RunCli(args);
+  return {r.status, kelvane::testing::SplitLines(r.out)};
 }
 
 const std::string kArea = std::string(KELVANE_SOURCE_DIR) + "/data/TS/UK.hc";

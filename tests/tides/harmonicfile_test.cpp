@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "support/tempdir.h"
 #include "tides/harmonicfile.h"
 
 namespace kelvane {
@@ -14,21 +15,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct TempDir {
-  fs::path path;
-  TempDir() {
-    path = fs::temp_directory_path() / ("kelvane_tides_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
-                                        "_" + ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(path);
-    fs::create_directories(path);
-  }
-  ~TempDir() { fs::remove_all(path); }
-};
+using test::TempDir;
 
-void WriteBytes(const fs::path& file, const Bytes& bytes) {
-  std::ofstream out(file, std::ios::binary);
-  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-}
+void WriteBytes(const fs::path& file, const Bytes& bytes) { test::WriteText(file, std::string(bytes.begin(), bytes.end())); }
 
 // Little-endian IEEE single, spelled out byte by byte.
 void Put(Bytes& b, std::size_t at, std::uint8_t b0, std::uint8_t b1, std::uint8_t b2, std::uint8_t b3) {

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "core/settings.h"
+#include "support/tempdir.h"
 #include "tides/portselect.h"
 
 namespace kelvane {
@@ -26,15 +27,7 @@ TEST(AreaChoice, Messages) {
   for (const Case& c : cases) EXPECT_EQ(CheckAreaChoice(c.label), c.message) << c.label;
 }
 
-struct Folder {
-  fs::path path = fs::temp_directory_path() /
-                  ("kelvane_portselect_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-  Folder() {
-    fs::remove_all(path);
-    fs::create_directories(path);
-  }
-  ~Folder() { fs::remove_all(path); }
-};
+using Folder = test::TempDir;
 
 TEST(AreaChoice, ListsHcFilesAndStoresTheTrimmedName) {
   Folder dir;

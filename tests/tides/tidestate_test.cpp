@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "support/tempdir.h"
 #include "tides/tidestate.h"
 
 namespace kelvane {
@@ -14,8 +15,8 @@ namespace fs = std::filesystem;
 const fs::path kData = fs::path(KELVANE_SOURCE_DIR) / "data";
 
 TEST(InitialiseTides, MissingReferencePortsFile) {
-  const fs::path empty = fs::temp_directory_path() / "kelvane_tides_no_refports";
-  fs::create_directories(empty);
+  test::TempDir dir;
+  const fs::path& empty = dir.path;
   TideState state;
   state.UsedPortList = {1, 2};
   const std::string message = InitialiseTides(state, empty, 73, 2025, false);
@@ -24,7 +25,6 @@ TEST(InitialiseTides, MissingReferencePortsFile) {
   EXPECT_TRUE(state.UsedPortName.empty());
   EXPECT_TRUE(state.PortCurve.empty());
   EXPECT_EQ(state.UsedPortList.size(), 2u);  // the diamonds' list is not the loader's to clear
-  fs::remove_all(empty);
 }
 
 TEST(InitialiseTides, NoDiamondsFillsOnlyTheReferencePorts) {
