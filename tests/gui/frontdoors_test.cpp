@@ -57,15 +57,7 @@ TEST(FrontDoors, CliRouteWorkedWithTheFactorySettingsInsteadOfTheUsersFile) {
   app::FrmChart chart(std::move(seeded));
   std::vector<std::string> messages;
   chart.showMessage = [&](const std::string& m) { messages.push_back(m); };
-  chart.clock = [] {
-    std::tm t{};
-    t.tm_year = 2026 - 1900;
-    t.tm_mon = 5;
-    t.tm_mday = 15;
-    t.tm_hour = 12;
-    timegm(&t);
-    return t;
-  };
+  chart.clock = StandingClock(2026, 6, 15, 12);
   chart.Load();
   chart.Timer1().stop();  // the clock stands at noon
   ASSERT_EQ(chart.State().settings.VesselSpeed, 3.5f);

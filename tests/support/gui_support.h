@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -109,6 +110,20 @@ void WhenModal(std::function<void(T*)> act) {
     }
   });
   poll->start();
+}
+
+// A clock that stands at a UTC moment, for a window whose time must not run
+// on: chart.clock = StandingClock(2026, 6, 15, 12).
+inline std::function<std::tm()> StandingClock(int year, int month, int day, int hour) {
+  return [=] {
+    std::tm t{};
+    t.tm_year = year - 1900;
+    t.tm_mon = month - 1;
+    t.tm_mday = day;
+    t.tm_hour = hour;
+    timegm(&t);
+    return t;
+  };
 }
 
 // The texts of a list box, top to bottom.
