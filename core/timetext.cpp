@@ -76,6 +76,21 @@ int DaysInMonth(int month, int year) {
   }
 }
 
+PassageMoment AdvanceMoment(std::int16_t day, std::int16_t year, float time, float added) {
+  const float total = time + added;
+  const int days = static_cast<int>(std::floor(total / 24.0f));
+  PassageMoment m;
+  m.time = total - 24.0f * static_cast<float>(days);
+  int d = day + days, y = year;
+  for (int length = IsLeapYear(y) ? 366 : 365; d > length; length = IsLeapYear(y) ? 366 : 365) {
+    d -= length;
+    ++y;
+  }
+  m.day = static_cast<std::int16_t>(d);
+  m.year = static_cast<std::int16_t>(y);
+  return m;
+}
+
 int DayOfYear(int dayOfMonth, int month, int year) {
   int day = dayOfMonth;
   for (int m = 1; m < month; ++m) day += DaysInMonth(m, year);

@@ -92,6 +92,23 @@ struct Arrival {
 // clock text shows them: that is the program's long-standing behaviour.
 Arrival AddHours(int day, int year, float time, float added);
 
+// A moment of a passage on the calendar: the time of day (0 to below 24),
+// the day of the year and the year.
+struct PassageMoment {
+  float time = 0;
+  std::int16_t day = 0;
+  std::int16_t year = 0;
+  bool operator==(const PassageMoment&) const = default;
+};
+
+// The moment `added` hours (0 or more) after `time` on `day` of `year`, as
+// the tides must be looked up for it: the whole days are carried into the
+// day of the year, and the year rolls after its real last day (365 or 366
+// by the Gregorian rule), so that the clock of a passage over midnight or
+// New Year stays within the day and its streams are those of the right
+// date. AddHours keeps its own roll for the text it prints.
+PassageMoment AdvanceMoment(std::int16_t day, std::int16_t year, float time, float added);
+
 // Julian date of a civil moment. A year below 1000 is taken as 19xx.
 double JulianDate(int dayOfMonth, int month, int year, int hour, int minute, int second);
 

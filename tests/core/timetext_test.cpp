@@ -114,6 +114,34 @@ TEST(Calendar, JulianDate) {
   EXPECT_EQ(MonthExtension().size(), 4u);
 }
 
+TEST(AdvanceMoment, StaysWithinTheDayAndRollsAtTheRealEndOfTheYear) {
+  struct Case {
+    const char* name;
+    int day, year;
+    float time, added;
+    PassageMoment want;
+  };
+  const Case cases[] = {
+      {"same day", 100, 2025, 9.5f, 2.25f, {11.75f, 100, 2025}},
+      {"over midnight", 100, 2025, 23.0f, 2.0f, {1.0f, 101, 2025}},
+      {"two days on", 10, 2023, 20.0f, 30.0f, {2.0f, 12, 2023}},
+      // 31 December of a common year is day 365: the next day is 1 January.
+      {"New Year of a common year", 365, 2025, 22.0f, 3.0f, {1.0f, 1, 2026}},
+      // A leap year has its day 366; 1900 was not one, 2000 was.
+      {"31 December of a leap year", 365, 2024, 23.0f, 2.0f, {1.0f, 366, 2024}},
+      {"New Year of a leap year", 366, 2024, 23.0f, 2.0f, {1.0f, 1, 2025}},
+      {"1900 is common", 365, 1900, 23.0f, 2.0f, {1.0f, 1, 1901}},
+      {"2000 is leap", 365, 2000, 23.0f, 2.0f, {1.0f, 366, 2000}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const PassageMoment m = AdvanceMoment(static_cast<std::int16_t>(c.day), static_cast<std::int16_t>(c.year), c.time, c.added);
+    EXPECT_FLOAT_EQ(m.time, c.want.time);
+    EXPECT_EQ(m.day, c.want.day);
+    EXPECT_EQ(m.year, c.want.year);
+  }
+}
+
 TEST(DaysInMonth, FullLeapRule) {
   struct Case {
     int month, year, days;
