@@ -8,6 +8,7 @@
 #include <iostream>
 #include <optional>
 
+#include "cli/passageinput.h"
 #include "cli/registry.h"
 #include "core/clock.h"
 #include "core/format.h"
@@ -34,17 +35,6 @@ float PositionValue(const std::string& text, bool latitude) {
   const bool lettered = text.find_first_of(latitude ? "NS" : "EW") != std::string::npos;
   if (lettered) return latitude ? TextToLat(text) : TextToLon(text);
   return static_cast<float>(TextValue(text));
-}
-
-// The state a command works from: the user's settings of the data tree,
-// as the window holds them, and the moment given.
-ProgramState MomentState(const Context& cli, const SettingsInUse& settings, const Moment& at, bool summer) {
-  ProgramState state = CommandState(cli.folders(), settings);
-  if (summer) state.settings.SummerTime = -1;
-  state.moment.WorkingDay = at.day;
-  state.moment.WorkingYear = at.year;
-  state.moment.WorkingTime = at.hours;
-  return state;
 }
 
 struct StreamOptions {
@@ -80,54 +70,14 @@ struct RouteOptions {
   bool details = false, summer = false;
 };
 
-// The leg speed a route point carries: a `desc` that is a number, with or
-// without "kn" or "kt" after it. Anything else carries none.
-std::optional<float> PointSpeed(const std::string& desc) {
-  std::string text;
-  for (char c : desc)
-    if (c != ' ') text += c;
-  for (const char* unit : {"kn", "kt", "KN", "KT"})
-    if (text.size() > 2 && text.compare(text.size() - 2, 2, unit) == 0) text.resize(text.size() - 2);
-  if (text.empty()) return std::nullopt;
-  for (char c : text)
-    if (!(std::isdigit(static_cast<unsigned char>(c)) || c == '.' || c == '-' || c == '+')) return std::nullopt;
-  return static_cast<float>(TextValue(text));
-}
-
-// "2W" is -2, "3.5E" or "3.5" is 3.5.
-float VariationValue(const std::string& text) {
-  const float value = static_cast<float>(std::fabs(TextValue(text)));
-  return text.find_first_of("Ww-") != std::string::npos ? -value : value;
-}
-
 int CalculateRouteFile(const Context& cli, const RouteOptions& o, const SettingsInUse& settings, const Moment& at) {
-  GpxStore store;
-  GpxReadStatus status;
-  ReadGpxFile(o.file, store, &status);
-  if (status.outcome != GpxReadOutcome::Read) {
-    std::cerr << "Cannot read " << o.file << (status.detail.empty() ? "" : ": " + status.detail) << "\n";
-    return 1;
-  }
-  const std::vector<RouteFilePoint>* points = ChosenRoutePoints(store, o.route);
-  if (!points) {
-    std::cerr << "No route named " << o.route << " in " << o.file << "\n";
-    return 1;
-  }
-
   ProgramState state = MomentState(cli, settings, at, o.summer);
   const SettingsRecord& s = state.settings;
   PassageState& passage = state.passage;
-  for (const RouteFilePoint& p : *points) {
-    RoutePoint r;
-    r.Lat = p.Lat;
-    r.Lon = p.Lon;
-    r.Name = p.Name;
-    r.LatText = LatToText(p.Lat);
-    r.LonText = LonToText(p.Lon);
-    r.Speed = PointSpeed(p.Desc).value_or(o.speed.value_or(s.VesselSpeed));
-    if (o.tack == "port") r.Tack = 1;
-    if (o.tack == "starboard") r.Tack = 2;
-    passage.Route.push_back(r);
+  if (!LoadGpxRoute(o.file, o.route, o.speed.value_or(s.VesselSpeed), passage)) return 1;
+  for (std::size_t i = 1; i < passage.Route.size(); ++i) {
+    if (o.tack == "port") passage.Route[i].Tack = 1;
+    if (o.tack == "starboard") passage.Route[i].Tack = 2;
   }
 
   if (std::string m = LoadAreaForDay(state, o.area, at.day, at.year, at.hours); !m.empty()) {

@@ -40,6 +40,12 @@ std::string UnreachedWarningLine() {
   return "* WARNING * Unable to achieve destination waypoint, examine results before use * WARNING * ";
 }
 
+std::string TrackTooLongMessage(int leg) {
+  return "Unable to store leg " + std::to_string(leg) + " - its track has more than " +
+         std::to_string(kStoredTrackPoints - 1) + " points." + kCrLf +
+         "(Increase the calculation interval or shorten the leg.)";
+}
+
 DepartureTime ParseDepartureTime(const std::string& text) {
   DepartureTime out;
   const auto colon = text.find(':');
@@ -213,9 +219,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     }
     if (leg.BestIndex >= kStoredTrackPoints) {
       restoreTides();
-      return stop(MessageKind::Warning, "Unable to store leg " + std::to_string(i) + " - its track has more than " +
-                                            std::to_string(kStoredTrackPoints - 1) +
-                                            " points." "\r\n" "(Increase the calculation interval or shorten the leg.)");
+      return stop(MessageKind::Warning, TrackTooLongMessage(i));
     }
     s.Route[static_cast<std::size_t>(i)].LegTime = leg.TimeTaken;
 

@@ -64,6 +64,9 @@ std::string NoLeewayValueMessage();
 std::string RouteTooShortMessage();  // a route of fewer than two points
 std::string UnreachedLegMessage(int i, float closestApproach);
 std::string UnreachedWarningLine();
+// "Unable to store leg N - its track has more than 1000 points." and the
+// advice: a leg whose track would run past the stored track of its point.
+std::string TrackTooLongMessage(int leg);
 
 // The departure text as hours; empty text on success, otherwise the message.
 struct DepartureTime {

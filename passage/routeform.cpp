@@ -154,9 +154,13 @@ std::string ApplyLegEdit(PassageState& s, int leg, const LegEdit& edit) {
   b.LonText = LonToText(destLon);
   b.Name = edit.DestName;
   if (speed > 0) a.Speed = speed;
-  const double stop = TextValue(edit.StoppedFor);
-  b.StopMinutes = static_cast<std::int16_t>(std::clamp(stop, 0.0, 32767.0));
+  b.StopMinutes = StopMinutesOf(edit.StoppedFor);
   return "";
+}
+
+std::int16_t StopMinutesOf(std::string_view digits) {
+  const double stop = TextValue(digits);
+  return static_cast<std::int16_t>(std::clamp(stop, 0.0, 32767.0));
 }
 
 bool IsStopMinutesKey(char32_t key) { return (key >= U'0' && key <= U'9') || key == 8; }

@@ -83,6 +83,9 @@ std::string LongitudeEntryMessage();
 // minutes). Returns "" or the message.
 std::string ApplyLegEdit(PassageState& s, int leg, const LegEdit& edit);
 
+// The stop box's digits as minutes: 0 to 32767 (empty is 0).
+std::int16_t StopMinutesOf(std::string_view digits);
+
 // The stop box takes the digits 0 to 9 and backspace (code 8); every other
 // key is dropped.
 bool IsStopMinutesKey(char32_t key);
