@@ -59,6 +59,7 @@ const std::vector<MenuEntry>& MainMenuEntries() {
 
       {"&Route", "mnucalcrte", "Calculate Route...", false},
       {"&Route", "mnuSetLeg", "Single Leg...", false},
+      {"&Route", "mnuDiverRoute", "Dive Route...", false},
       {"&Route", "mnuLastRouteResults", "Last Route Results...", false},
       {"&Route", "mnuRouteSave", "Save Route...", false},
       {"&Route", "mnuLoadExistRoute", "Load Route...", false},

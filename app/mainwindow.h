@@ -108,6 +108,8 @@ class FrmChart : public QMainWindow {
   void mnuLastRouteResults_Click();
   // The route menu's single leg (mainwindow_setleg.cpp).
   void mnuSetLeg_Click();
+  // The route menu's dive route (mainwindow_dive.cpp).
+  void mnuDiverRoute_Click();
   // The wind forms (mainwindow_wind.cpp): the leg speeds from the wind over
   // the route, run over `parent`, and the true and apparent wind calculator.
   void RunWindForm(QWidget* parent);
@@ -136,6 +138,7 @@ class FrmChart : public QMainWindow {
   void ConnectMenus();
   void ConnectPassageMenus();
   void ConnectSetLegMenu();
+  void ConnectDiveMenu();
   // The GPS as the leg forms see it: the own ship's fix, or none.
   GpsReading CurrentGpsReading() const;
   void ConnectWindMenus();

@@ -18,6 +18,7 @@
 #include "core/format.h"
 #include "core/timetext.h"
 #include "core/windconfig.h"
+#include "forms/departurelists.h"
 #include "forms/frmCalcRouteModification.h"
 #include "forms/messages.h"
 #include "forms/reportlines.h"
@@ -37,14 +38,6 @@ QPushButton* Button(QWidget* parent, const char* name, const char* caption) {
   auto* b = new QPushButton(caption, parent);
   b->setObjectName(name);
   return b;
-}
-
-QListWidget* TwoDigitList(QWidget* parent, const char* name, const std::vector<std::string>& entries) {
-  auto* list = new QListWidget(parent);
-  list->setObjectName(name);
-  for (const std::string& e : entries) list->addItem(ToQString(e));
-  list->setMaximumWidth(56);
-  return list;
 }
 
 }  // namespace
@@ -77,8 +70,9 @@ void frmcalcroute::Build() {
   List1->setMinimumSize(420, 260);
   rtedeptime = Box(this, "rtedeptime");
   rtedeptime->setText(ToQString(HoursToClock(moment_.WorkingTime)));
-  lsthrs = TwoDigitList(this, "lsthrs", DepartureHourEntries());
-  lstmins = TwoDigitList(this, "lstmins", DepartureMinuteEntries());
+  const DepartureLists departureLists = MakeDepartureLists(this, rtedeptime);
+  lsthrs = departureLists.lsthrs;
+  lstmins = departureLists.lstmins;
   txtroutestartname = Box(this, "txtroutestartname");
   txtroutestartlat = Box(this, "txtroutestartlat");
   txtroutestartlong = Box(this, "txtroutestartlong");
@@ -172,12 +166,6 @@ void frmcalcroute::Build() {
   layout->addLayout(bottom);
 
   connect(List1, &QListWidget::currentRowChanged, this, &frmcalcroute::List1_Click);
-  connect(lsthrs, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-    rtedeptime->setText(ToQString(DepartureWithHours(FromQString(rtedeptime->text()), FromQString(item->text()))));
-  });
-  connect(lstmins, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-    rtedeptime->setText(ToQString(DepartureWithMinutes(FromQString(rtedeptime->text()), FromQString(item->text()))));
-  });
   connect(cmdmodify, &QPushButton::clicked, this, &frmcalcroute::cmdmodify_Click);
   connect(cmdRouteSpeed, &QPushButton::clicked, this, &frmcalcroute::cmdRouteSpeed_Click);
   connect(cmdreverse, &QPushButton::clicked, this, &frmcalcroute::cmdreverse_Click);

@@ -173,6 +173,7 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
   };
   run("mnucalcrte");
   watch.inside = nullptr;
+  run("mnuDiverRoute");
   // The calculated track as waypoints.
   run("mnuCOGToWayExport");
   // The details of an AIS target: the test aid's report, then F2 at the chart.
