@@ -1,5 +1,5 @@
-// stream, route, leg: the stream lookup, the route calculation and one
-// leg worked by hand, headless.
+// stream, route, optimise, leg: the stream lookup, the route calculation,
+// the departure sweep and one leg worked by hand, headless.
 // All work from the program's state made with the user's settings file of
 // the data tree, as the window's does, so that a route gives the same
 // passage here as in the window; the options override single settings.
@@ -15,6 +15,7 @@
 #include "core/settings.h"
 #include "core/timetext.h"
 #include "core/workingtime.h"
+#include "passage/departuresweep.h"
 #include "passage/routecalc.h"
 #include "passage/singleleg.h"
 #include "routes/gpx.h"
@@ -100,23 +101,18 @@ float VariationValue(const std::string& text) {
   return text.find_first_of("Ww-") != std::string::npos ? -value : value;
 }
 
-int CalculateRouteFile(const Context& cli, const RouteOptions& o, const SettingsInUse& settings, const Moment& at) {
+// The route of a GPX file (the one named, or the first) into the state's
+// route; each point's speed is its own, else `speed`, else VesselSpeed.
+// Returns "" or the message.
+std::string RouteFromFile(ProgramState& state, const std::string& file, const std::string& name,
+                          std::optional<float> speed, const std::string& tack) {
   GpxStore store;
   GpxReadStatus status;
-  ReadGpxFile(o.file, store, &status);
-  if (status.outcome != GpxReadOutcome::Read) {
-    std::cerr << "Cannot read " << o.file << (status.detail.empty() ? "" : ": " + status.detail) << "\n";
-    return 1;
-  }
-  const std::vector<RouteFilePoint>* points = ChosenRoutePoints(store, o.route);
-  if (!points) {
-    std::cerr << "No route named " << o.route << " in " << o.file << "\n";
-    return 1;
-  }
-
-  ProgramState state = MomentState(cli, settings, at, o.summer);
-  const SettingsRecord& s = state.settings;
-  PassageState& passage = state.passage;
+  ReadGpxFile(file, store, &status);
+  if (status.outcome != GpxReadOutcome::Read)
+    return "Cannot read " + file + (status.detail.empty() ? "" : ": " + status.detail);
+  const std::vector<RouteFilePoint>* points = ChosenRoutePoints(store, name);
+  if (!points) return "No route named " + name + " in " + file;
   for (const RouteFilePoint& p : *points) {
     RoutePoint r;
     r.Lat = p.Lat;
@@ -124,11 +120,22 @@ int CalculateRouteFile(const Context& cli, const RouteOptions& o, const Settings
     r.Name = p.Name;
     r.LatText = LatToText(p.Lat);
     r.LonText = LonToText(p.Lon);
-    r.Speed = PointSpeed(p.Desc).value_or(o.speed.value_or(s.VesselSpeed));
-    if (o.tack == "port") r.Tack = 1;
-    if (o.tack == "starboard") r.Tack = 2;
-    passage.Route.push_back(r);
+    r.Speed = PointSpeed(p.Desc).value_or(speed.value_or(state.settings.VesselSpeed));
+    if (tack == "port") r.Tack = 1;
+    if (tack == "starboard") r.Tack = 2;
+    state.passage.Route.push_back(r);
   }
+  return "";
+}
+
+int CalculateRouteFile(const Context& cli, const RouteOptions& o, const SettingsInUse& settings, const Moment& at) {
+  ProgramState state = MomentState(cli, settings, at, o.summer);
+  if (std::string m = RouteFromFile(state, o.file, o.route, o.speed, o.tack); !m.empty()) {
+    std::cerr << m << "\n";
+    return 1;
+  }
+  const SettingsRecord& s = state.settings;
+  PassageState& passage = state.passage;
 
   if (std::string m = LoadAreaForDay(state, o.area, at.day, at.year, at.hours); !m.empty()) {
     std::cerr << m << "\n";
@@ -171,6 +178,64 @@ int Route(const Context& cli, const RouteOptions& o) {
   const SettingsInUse settings = ReadSettingsInUse(cli.folders());
   const int status = CalculateRouteFile(cli, o, settings, *at);
   // Which settings gave these numbers, after the report.
+  std::cout.flush();
+  std::cerr << SettingsInUseLine(settings) << "\n";
+  return status;
+}
+
+struct OptimiseOptions {
+  std::string file, route, area, date;
+  int slot = 0;
+  std::optional<float> speed;
+};
+
+// The departure sweep of a GPX route over one slot of a day, as the
+// window's optimise form runs it; the report is printed whole.
+int OptimiseRouteFile(const Context& cli, const OptimiseOptions& o, const SettingsInUse& settings) {
+  const auto date = o.date.size() == 10 ? ParseDateTime(o.date + " 00:00") : std::nullopt;
+  if (!date) {
+    std::cerr << "Give the date as \"YYYY-MM-DD\"\n";
+    return 2;
+  }
+  ProgramState state = MomentState(cli, settings, *date, false);
+  if (std::string m = RouteFromFile(state, o.file, o.route, o.speed, ""); !m.empty()) {
+    std::cerr << m << "\n";
+    return 1;
+  }
+  if (std::string m = LoadAreaForDay(state, o.area, date->day, date->year, date->hours); !m.empty()) {
+    std::cerr << m << "\n";
+    return 1;
+  }
+  SweepInput in;
+  in.Slot = o.slot;
+  in.Day = date->day;
+  in.Year = date->year;
+  in.WorkingTime = date->hours;
+  in.CalcInterval = state.settings.CalcInterval;
+  in.AcceptableError = state.settings.AcceptableError;
+  SweepHooks hooks;
+  hooks.askYesNo = [](const std::string& question) {
+    std::cerr << question << "\n-> Yes\n";
+    return true;
+  };
+  StreamContext ctx = state.Streams();
+  const SweepOutcome outcome = SweepDepartures(ctx, state.passage, in, hooks);
+  for (const std::string& m : outcome.messages) std::cerr << m << "\n";
+  switch (outcome.verdict) {
+    case SweepVerdict::Completed:
+      for (const std::string& line : state.passage.ResultText) std::cout << line << "\n";
+      return 0;
+    case SweepVerdict::Refused:
+    case SweepVerdict::Declined:
+    case SweepVerdict::Cancelled:
+      return 1;
+  }
+  return 1;
+}
+
+int Optimise(const Context& cli, const OptimiseOptions& o) {
+  const SettingsInUse settings = ReadSettingsInUse(cli.folders());
+  const int status = OptimiseRouteFile(cli, o, settings);
   std::cout.flush();
   std::cerr << SettingsInUseLine(settings) << "\n";
   return status;
@@ -281,6 +346,19 @@ Registrar passageCommands([](CLI::App& app, Context& ctx) {
   route->add_flag("--details", ro->details, "Add the tidal-details table");
   route->add_flag("--summer", ro->summer, "Summer time: the tides an hour later (default: the settings' SummerTime)");
   route->callback([&ctx, ro] { ctx.exitCode = Route(ctx, *ro); });
+
+  auto oo = std::make_shared<OptimiseOptions>();
+  auto* optimise = app.add_subcommand("optimise", "Sweep the departure hour of a GPX route over a slot of a day");
+  optimise->add_option("file", oo->file, "GPX file")->required();
+  optimise->add_option("--route", oo->route, "Name of the route in the file (default: the first)");
+  optimise->add_option("--area", oo->area, "Area: the name of Charts/<area>.l35 in the data root")->required();
+  optimise->add_option("--date", oo->date, "The day of departure, \"YYYY-MM-DD\"")->required();
+  optimise->add_option("--slot", oo->slot,
+                       "1 Midnight to 07:00, 2 06:00 to 13:00, 3 12:00 to 19:00, 4 18:00 to 23:00, 5 all day")
+      ->required()
+      ->check(CLI::Range(1, 5));
+  optimise->add_option("--speed", oo->speed, "Boat speed, knots, for legs whose point carries none (default: the settings' VesselSpeed)");
+  optimise->callback([&ctx, oo] { ctx.exitCode = Optimise(ctx, *oo); });
 
   auto lo = std::make_shared<LegOptions>();
   auto* leg = app.add_subcommand("leg", "One leg from position to position through the tidal streams, as the single-leg form works it");
