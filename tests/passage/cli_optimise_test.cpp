@@ -70,7 +70,9 @@ TEST(CliOptimise, EachRowIsTheRouteDepartingAtItsHour) {
     EXPECT_EQ(LastLineStarting(route.out, "Depart "), "Depart " + std::to_string(hour) + ":00, Passage time = " + row[2]);
     const std::string arriving = LastLineStarting(route.out, "Starting at ");
     EXPECT_EQ(arriving.substr(arriving.find(" arriving at ") + 13), row[1]);
-    if (hour == 23) EXPECT_NE(route.out.find(" (11 Jun)\n"), std::string::npos);  // on into the next day
+    if (hour == 23) {
+      EXPECT_NE(route.out.find(" (11 Jun)\n"), std::string::npos);  // on into the next day
+    }
   }
 }
 
