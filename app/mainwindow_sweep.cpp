@@ -3,7 +3,6 @@
 // report in the route's results (the track on the chart is that of the
 // last hour worked) and shows the graph and table of the hours.
 #include <QAction>
-#include <QMenu>
 
 #include "app/mainwindow.h"
 #include "forms/frmOptResults.h"
