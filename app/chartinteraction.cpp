@@ -499,12 +499,12 @@ void ChartInteractionController::UpdateRouteCombo() {
 }
 
 void ChartInteractionController::EnableRouteMenus() {
-  for (const char* name : {"mnucalcrte", "mnuRouteSave", "mnuRouteDrag", "mnuCalcCOG"})
+  for (const char* name : {"mnucalcrte", "mnuOptimiseDeparture", "mnuRouteSave", "mnuRouteDrag", "mnuCalcCOG"})
     if (QAction* a = window_.Action(name)) a->setEnabled(true);
 }
 
 void ChartInteractionController::DisableRouteMenus() {
-  for (const char* name : {"mnucalcrte", "mnuRouteSave", "mnuRouteDrag", "mnuCalcCOG"})
+  for (const char* name : {"mnucalcrte", "mnuOptimiseDeparture", "mnuRouteSave", "mnuRouteDrag", "mnuCalcCOG"})
     if (QAction* a = window_.Action(name)) a->setEnabled(false);
   AnimateMenusDisable();
 }

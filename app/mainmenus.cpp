@@ -58,6 +58,7 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"&Tides", "mnumaintainfile", "Edit Harmonic Constants...", false},
 
       {"&Route", "mnucalcrte", "Calculate Route...", false},
+      {"&Route", "mnuOptimiseDeparture", "Optimise Departure...", false},
       {"&Route", "mnuSetLeg", "Single Leg...", false},
       {"&Route", "mnuDiverRoute", "Dive Route...", false},
       {"&Route", "mnuLastRouteResults", "Last Route Results...", false},

@@ -106,6 +106,8 @@ class FrmChart : public QMainWindow {
   // The route menu's calculation and its results (mainwindow_passage.cpp).
   void mnucalcrte_Click();
   void mnuLastRouteResults_Click();
+  // The route menu's departure sweep and its results (mainwindow_sweep.cpp).
+  void mnuOptimiseDeparture_Click();
   // The route menu's single leg (mainwindow_setleg.cpp).
   void mnuSetLeg_Click();
   // The route menu's dive route (mainwindow_dive.cpp).
@@ -137,6 +139,7 @@ class FrmChart : public QMainWindow {
   void BuildToolBar();
   void ConnectMenus();
   void ConnectPassageMenus();
+  void ConnectSweepMenu();
   void ConnectSetLegMenu();
   void ConnectDiveMenu();
   // The GPS as the leg forms see it: the own ship's fix, or none.

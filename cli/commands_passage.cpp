@@ -1,5 +1,5 @@
-// stream, route, leg: the stream lookup, the route calculation and one
-// leg worked by hand, headless.
+// stream, route, optimise, leg: the stream lookup, the route calculation,
+// the departure sweep and one leg worked by hand, headless.
 // All work from the program's state made with the user's settings file of
 // the data tree, as the window's does, so that a route gives the same
 // passage here as in the window; the options override single settings.
@@ -16,6 +16,7 @@
 #include "core/settings.h"
 #include "core/timetext.h"
 #include "core/workingtime.h"
+#include "passage/departuresweep.h"
 #include "passage/routecalc.h"
 #include "passage/singleleg.h"
 #include "routes/gpx.h"
@@ -126,6 +127,61 @@ int Route(const Context& cli, const RouteOptions& o) {
   return status;
 }
 
+struct OptimiseOptions {
+  std::string file, route, area, date;
+  int slot = 0;
+  std::optional<float> speed;
+};
+
+// The departure sweep of a GPX route over one slot of a day, as the
+// window's optimise form runs it; the report is printed whole.
+int OptimiseRouteFile(const Context& cli, const OptimiseOptions& o, const SettingsInUse& settings) {
+  const auto date = o.date.size() == 10 ? ParseDateTime(o.date + " 00:00") : std::nullopt;
+  if (!date) {
+    std::cerr << "Give the date as \"YYYY-MM-DD\"\n";
+    return 2;
+  }
+  ProgramState state = MomentState(cli, settings, *date, false);
+  if (!LoadGpxRoute(o.file, o.route, o.speed.value_or(state.settings.VesselSpeed), state.passage)) return 1;
+  if (std::string m = LoadAreaForDay(state, o.area, date->day, date->year, date->hours); !m.empty()) {
+    std::cerr << m << "\n";
+    return 1;
+  }
+  SweepInput in;
+  in.Slot = o.slot;
+  in.Day = date->day;
+  in.Year = date->year;
+  in.WorkingTime = date->hours;
+  in.CalcInterval = state.settings.CalcInterval;
+  in.AcceptableError = state.settings.AcceptableError;
+  SweepHooks hooks;
+  hooks.askYesNo = [](const std::string& question) {
+    std::cerr << question << "\n-> Yes\n";
+    return true;
+  };
+  StreamContext ctx = state.Streams();
+  const SweepOutcome outcome = SweepDepartures(ctx, state.passage, in, hooks);
+  for (const std::string& m : outcome.messages) std::cerr << m << "\n";
+  switch (outcome.verdict) {
+    case SweepVerdict::Completed:
+      for (const std::string& line : state.passage.ResultText) std::cout << line << "\n";
+      return 0;
+    case SweepVerdict::Refused:
+    case SweepVerdict::Declined:
+    case SweepVerdict::Cancelled:
+      return 1;
+  }
+  return 1;
+}
+
+int Optimise(const Context& cli, const OptimiseOptions& o) {
+  const SettingsInUse settings = ReadSettingsInUse(cli.folders());
+  const int status = OptimiseRouteFile(cli, o, settings);
+  std::cout.flush();
+  std::cerr << SettingsInUseLine(settings) << "\n";
+  return status;
+}
+
 struct LegOptions {
   std::string from, to, speed, at, area;
   std::optional<std::string> leeway;
@@ -231,6 +287,19 @@ Registrar passageCommands([](CLI::App& app, Context& ctx) {
   route->add_flag("--details", ro->details, "Add the tidal-details table");
   route->add_flag("--summer", ro->summer, "Summer time: the tides an hour later (default: the settings' SummerTime)");
   route->callback([&ctx, ro] { ctx.exitCode = Route(ctx, *ro); });
+
+  auto oo = std::make_shared<OptimiseOptions>();
+  auto* optimise = app.add_subcommand("optimise", "Sweep the departure hour of a GPX route over a slot of a day");
+  optimise->add_option("file", oo->file, "GPX file")->required();
+  optimise->add_option("--route", oo->route, "Name of the route in the file (default: the first)");
+  optimise->add_option("--area", oo->area, "Area: the name of Charts/<area>.l35 in the data root")->required();
+  optimise->add_option("--date", oo->date, "The day of departure, \"YYYY-MM-DD\"")->required();
+  optimise->add_option("--slot", oo->slot,
+                       "1 Midnight to 07:00, 2 06:00 to 13:00, 3 12:00 to 19:00, 4 18:00 to 23:00, 5 all day")
+      ->required()
+      ->check(CLI::Range(1, 5));
+  optimise->add_option("--speed", oo->speed, "Boat speed, knots, for legs whose point carries none (default: the settings' VesselSpeed)");
+  optimise->callback([&ctx, oo] { ctx.exitCode = Optimise(ctx, *oo); });
 
   auto lo = std::make_shared<LegOptions>();
   auto* leg = app.add_subcommand("leg", "One leg from position to position through the tidal streams, as the single-leg form works it");

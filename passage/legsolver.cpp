@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/positions.h"
+#include "core/timetext.h"
 
 namespace kelvane {
 
@@ -88,17 +89,13 @@ PassResult TraceLeg(StreamContext& ctx, PassageState& s, const SolverSettings& s
         sailed[static_cast<std::size_t>(i - 1)] + RangeBearing(current.lat, current.lon, next.lat, next.lon).range;
     away = RangeBearing(a.lat, a.lon, next.lat, next.lon).range;
     current = next;
-    time += step;
-    if (time >= 24.0f) {
-      time -= 24.0f;
-      ++day;
-      // 366 in common and leap years alike: a passage over New Year of a
-      // common year runs through a day 366 before day 1.
-      if (day > 366) {
-        day = static_cast<std::int16_t>(day - 366);
-        ++year;
-      }
-    }
+    // The clock passes midnight into the next day, and the last day of the
+    // year (365 or 366) into 1 January: the steps after midnight on
+    // 31 December take the streams of the new year.
+    const PassageMoment after = AdvanceMoment(day, year, time, step);
+    time = after.time;
+    day = after.day;
+    year = after.year;
     ++i;
     s.PassCog.resize(static_cast<std::size_t>(i) + 1);
   }

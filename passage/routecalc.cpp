@@ -141,6 +141,43 @@ std::vector<std::string> TidalDetailsLines(const PassageState& s, bool showIds, 
   return lines;
 }
 
+SpeedCheck CheckRouteSpeeds(const PassageState& s, const std::function<bool(const std::string&)>& askYesNo) {
+  SpeedCheck out;
+  for (int i = 1; i <= RouteCount(s); ++i) {
+    const float speed = s.Route[static_cast<std::size_t>(i)].Speed;
+    if (!(speed > 0.5f)) {
+      out.verdict = SpeedVerdict::Refused;
+      out.message = SpeedRefusedMessage(i);
+      return out;
+    }
+    if (speed < 1.0f && askYesNo && !askYesNo(SpeedQuestion(i))) {
+      out.verdict = SpeedVerdict::Declined;
+      return out;
+    }
+  }
+  return out;
+}
+
+LegRun RunRouteLeg(StreamContext& ctx, PassageState& s, const SolverSettings& solver, int i, PassageMoment at) {
+  const RoutePoint& from = s.Route[static_cast<std::size_t>(i)];
+  const RoutePoint& to = s.Route[static_cast<std::size_t>(i + 1)];
+  const int stopMinutes = to.StopMinutes;
+  LegRun run;
+  run.leg = SolveLeg(ctx, s, solver, {from.Lat, from.Lon}, {to.Lat, to.Lon}, from.Speed, at.time, at.day, at.year);
+  run.arrival = AddHours(at.day, at.year, at.time, run.leg.TimeTaken);
+  // AddHours' own time runs on by a year's worth of hours over New Year:
+  // good for its text, wrong for a stream lookup. The next leg starts from
+  // the calendar moment.
+  run.next = AdvanceMoment(at.day, at.year, at.time, run.leg.TimeTaken + static_cast<float>(stopMinutes) / 60.0f);
+  return run;
+}
+
+std::string ReportDateText(std::int16_t day, std::int16_t year) {
+  if (auto date = DayToDate(day, year))
+    return std::to_string(date->dayOfMonth) + " " + date->monthName + " " + std::to_string(year);
+  return "";
+}
+
 RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const RouteCalcInput& in,
                                 const RouteCalcHooks& hooks) {
   RouteCalcOutcome out;
@@ -168,13 +205,14 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
 
   const int count = RouteCount(live);
   if (count < 2) return stop(MessageKind::Information, RouteTooShortMessage());
-  for (int i = 1; i <= count; ++i) {
-    const float speed = live.Route[static_cast<std::size_t>(i)].Speed;
-    if (!(speed > 0.5f)) return stop(MessageKind::Information, SpeedRefusedMessage(i));
-    if (speed < 1.0f) {
-      const bool yes = hooks.askYesNo ? hooks.askYesNo(SpeedQuestion(i)) : true;
-      if (!yes) return out;
-    }
+  const SpeedCheck speeds = CheckRouteSpeeds(live, hooks.askYesNo);
+  switch (speeds.verdict) {
+    case SpeedVerdict::Go:
+      break;
+    case SpeedVerdict::Refused:
+      return stop(MessageKind::Information, speeds.message);
+    case SpeedVerdict::Declined:
+      return out;
   }
 
   // Everything is worked on a copy, so that a stop leaves the stores as
@@ -185,9 +223,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
 
   progress(5);
   s.ResultText.assign(7, "");
-  std::string dateText;
-  if (auto date = DayToDate(in.Day, in.Year))
-    dateText = std::to_string(date->dayOfMonth) + " " + date->monthName + " " + std::to_string(in.Year);
+  const std::string dateText = ReportDateText(in.Day, in.Year);
   s.RouteCog.assign(1, CogPoint{});
   s.RouteStreams.assign(1, StreamSample{});
   s.LegChart = {};
@@ -200,8 +236,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
   s.ResultText[5] = "";
 
   const SolverSettings solver{in.CalcInterval, in.AcceptableError, in.WorkingTime};
-  std::int16_t day = in.Day, year = in.Year;
-  float time = departure.hours;
+  PassageMoment at{departure.hours, in.Day, in.Year};
   float totalHours = 0;
   for (int i = 1; i < count; ++i) {
     if (hooks.beforeLeg) hooks.beforeLeg();
@@ -211,7 +246,8 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     const float speed = from.Speed;
     progress(100 - 100 * i / count);
 
-    LegSolution leg = SolveLeg(ctx, s, solver, a, b, speed, time, day, year);
+    const LegRun run = RunRouteLeg(ctx, s, solver, i, at);
+    const LegSolution& leg = run.leg;
     for (const std::string& notice : leg.notices) note(MessageKind::Information, notice);
     if (!leg.ok) {
       restoreTides();
@@ -254,7 +290,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
       start.DriftTrack[static_cast<std::size_t>(k)] = s.DriftChain[static_cast<std::size_t>(k)];
     start.DriftCount = static_cast<std::int16_t>(leg.BestIndex);
 
-    const Arrival arrival = AddHours(day, year, time, leg.TimeTaken);
+    const Arrival& arrival = run.arrival;
     const RangeAndBearing between = RangeBearing(start.Lat, start.Lon, dest.Lat, dest.Lon);
     std::vector<std::string> lines;
     lines.push_back("Steer " + FormatNumber(start.CourseToSteer, "000") + "°M" + "\t" + " Time taken=" +
@@ -268,7 +304,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
         toLine += "    Dive Time of " + std::to_string(dest.StopMinutes) + " mins";
     }
     lines.push_back(toLine);
-    lines.push_back("Starting at " + HoursToClockCoarse(time) + " arriving at " + arrival.text);
+    lines.push_back("Starting at " + HoursToClockCoarse(at.time) + " arriving at " + arrival.text);
     lines.push_back("Range and bearing between waypoints : " + FormatNumber(between.range, "0.0") + "nm @ " +
                     FormatNumber(between.bearing, "000") + "°T ");
     lines.push_back("Speed Over Ground = " + FormatNumber(leg.GroundSpeed, "0.0") + "kt. Water Track Distance " +
@@ -281,12 +317,8 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     if (hooks.legLines) hooks.legLines(lines);
 
     // The clock runs on through the leg and any stop at its end.
-    const float legHours = leg.TimeTaken + static_cast<float>(dest.StopMinutes) / 60.0f;
-    totalHours += legHours;
-    const Arrival next = AddHours(day, year, time, legHours);
-    time = next.time;
-    day = next.day;
-    year = next.year;
+    totalHours += leg.TimeTaken + static_cast<float>(dest.StopMinutes) / 60.0f;
+    at = run.next;
   }
 
   s.RouteDistance = RouteDistanceOf(s);

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "core/timetext.h"
 #include "passage/legsolver.h"
 #include "passage/passagestate.h"
 #include "streams/tidalstreams.h"
@@ -83,6 +84,33 @@ std::string VariationText(float variation);
 // tack and plus it on starboard (tack 0 none, and none unless the switch is
 // on), brought into 0..360 by one addition or subtraction of 360.
 float MagneticCourse(float trueCourse, float variation, bool leewaySwitch, float leeway, std::int16_t tack);
+
+// The speed test of every point of the route, the last one included (its
+// speed belongs to no leg, yet it is tested): 0.5 knots or less refuses
+// the run with SpeedRefusedMessage; below 1.0 asks SpeedQuestion, and No
+// declines. Without askYesNo the answer is Yes.
+enum class SpeedVerdict { Go, Refused, Declined };
+struct [[nodiscard]] SpeedCheck {
+  SpeedVerdict verdict = SpeedVerdict::Go;
+  std::string message;  // the refusal
+};
+SpeedCheck CheckRouteSpeeds(const PassageState& s, const std::function<bool(const std::string&)>& askYesNo);
+
+// One leg of the route worked from the moment `at`: leg i runs from
+// Route[i] to Route[i + 1] at Route[i].Speed. `next` is the moment the next
+// leg starts, after the leg and the stop at its end: the clock stays within
+// the day and the day rolls into the next year after the year's real last
+// day, so that every later leg looks its streams up on its true date. The
+// arrival is AddHours' text of the end of the leg, as the reports print it.
+struct LegRun {
+  LegSolution leg;
+  Arrival arrival;
+  PassageMoment next;
+};
+LegRun RunRouteLeg(StreamContext& ctx, PassageState& s, const SolverSettings& solver, int i, PassageMoment at);
+
+// The date of the reports' heads: day of month, month, year ("10 Jun 2025").
+std::string ReportDateText(std::int16_t day, std::int16_t year);
 
 // Cmdrteok. On success the stores of `s` (Route, RouteCog, RouteStreams,
 // ResultText, SummaryText, RouteDistance, the pass stores) hold the

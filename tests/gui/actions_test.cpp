@@ -21,6 +21,8 @@
 #include "app/chartviewer.h"
 #include "app/mainwindow.h"
 #include "core/positions.h"
+#include "forms/frmOptResults.h"
+#include "forms/frmRouteOptDeparture.h"
 #include "forms/frmcalcroute.h"
 #include "support/gui_support.h"
 
@@ -172,6 +174,24 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
     return true;
   };
   run("mnucalcrte");
+  // The departure sweep: a completed sweep brings its results, and from
+  // them the text-only list.
+  watch.inside = [](QDialog& form) {
+    if (auto* sweep = qobject_cast<forms::frmRouteOptDeparture*>(&form)) {
+      QTimer::singleShot(0, sweep, [sweep] {
+        QTest::mouseClick(sweep->cmdOptimise, Qt::LeftButton);
+        if (sweep->isVisible()) sweep->reject();
+      });
+      return true;
+    }
+    if (auto* results = qobject_cast<forms::frmOptResults*>(&form)) {
+      results->mnuTextList->trigger();
+      return true;  // closed by the watch once the list is up
+    }
+    return false;
+  };
+  run("mnuOptimiseDeparture");
+  QTest::qWait(50);
   watch.inside = nullptr;
   run("mnuDiverRoute");
   // The calculated track as waypoints.

@@ -6,6 +6,8 @@
 #include <memory>
 
 #include "core/positions.h"
+#include "core/timetext.h"
+#include "passage/departuresweep.h"
 #include "passage/routecalc.h"
 #include "streams/stream_fixture.h"
 #include "support/route_sample.h"
@@ -83,11 +85,13 @@ TEST(SolveLeg, ShortLegIsWalkedInTenthsOfTheInterval) {
   EXPECT_NEAR(w.s.PassStreams[2].Time - w.s.PassStreams[1].Time, 0.5f / 60.0f, 1e-6f);  // half a minute
 }
 
-TEST(TraceLeg, MidnightAndNewYearOfACommonYear) {
+// The pass used to roll the year after day 366 in every year, so a pass
+// over New Year of a common year ran through a day 366 that is no day.
+TEST(TraceLeg, NewYearOfACommonYearRolledAfterADay366) {
   struct Case {
     std::int16_t day, year;
     std::int16_t lastDay, lastYear;
-  } cases[] = {{100, 2025, 101, 2025}, {365, 2025, 366, 2025}, {366, 2025, 1, 2026}};
+  } cases[] = {{100, 2025, 101, 2025}, {365, 2025, 1, 2026}, {365, 2024, 366, 2024}, {366, 2024, 1, 2025}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.day);
     StreamWorld w;  // no diamonds: no tides needed
@@ -311,6 +315,79 @@ TEST(RouteCalc, AcceleratorsChangeNothing) {
     EXPECT_EQ(scan->tides.PortTideState[p].TurningTime, fast->tides.PortTideState[p].TurningTime);
   }
   EXPECT_EQ(fast->tides.TideDay, 161);
+}
+
+// AddHours gains a year's worth of hours across New Year, and the route
+// calculation used to carry its time into the next leg: every leg after
+// midnight of 31 December looked up the streams of hour 8700-odd. A leg
+// after midnight must now be the same leg worked alone from its start on
+// the new day (and the sweep's row the same passage as the calculation's).
+TEST(RouteCalc, LegsAfterMidnightOnceCarriedAddHoursYearOfHours) {
+  const struct {
+    const char* name;
+    std::int16_t day, year;  // the day of departure
+    const char* depart;
+    int sweepSlot;           // a slot whose hours hold the departure
+    std::int16_t nextDay, nextYear;
+  } cases[] = {{"midnight", 161, 2025, "23:00", 4, 162, 2025}, {"New Year", 365, 2025, "22:00", 4, 1, 2026}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    auto load = [](std::int16_t day, std::int16_t year) {
+      auto w = std::make_unique<World>();
+      w->tides = TideState{};
+      EXPECT_EQ(LoadAreaDiamonds(w->ctx, "Nantucket Sound"), "");
+      EXPECT_EQ(ReloadTides(w->ctx, day, year), "");
+      w->s.Route.push_back(Point(41.38f, -70.80f, "Gay Head", 5));
+      w->s.Route.push_back(Point(41.46f, -70.74f, "Tarpaulin", 5));
+      w->s.Route.push_back(Point(41.505f, -70.64f, "Nobska", 5));
+      w->s.Route.push_back(Point(41.45f, -70.30f, "Cross Rip", 5));
+      return w;
+    };
+    auto route = load(c.day, c.year);
+    RouteCalcInput in = Input();
+    in.Day = c.day;
+    in.Year = c.year;
+    in.DepartureText = c.depart;
+    in.WorkingTime = 12.0f;
+    ASSERT_TRUE(CalculateRoute(route->ctx, route->s, in).completed);
+
+    // The clock of each leg's start, worked by hand from the leg times.
+    float clock = static_cast<float>(ParseDepartureTime(c.depart).hours);
+    bool nextDay = false;
+    int afterMidnight = 0;
+    for (int i = 1; i < RouteCount(route->s); ++i) {
+      const RoutePoint& from = route->s.Route[static_cast<std::size_t>(i)];
+      const RoutePoint& to = route->s.Route[static_cast<std::size_t>(i + 1)];
+      if (nextDay) {
+        ++afterMidnight;
+        auto alone = load(c.nextDay, c.nextYear);
+        const LegSolution leg = SolveLeg(alone->ctx, alone->s, SolverSettings{}, {from.Lat, from.Lon},
+                                         {to.Lat, to.Lon}, from.Speed, clock, c.nextDay, c.nextYear);
+        EXPECT_EQ(from.CourseToSteer, MagneticCourse(leg.CourseToSteer, 0, false, 0, 0)) << "leg " << i;
+        EXPECT_EQ(from.LegTime, leg.TimeTaken) << "leg " << i;
+      }
+      clock += from.LegTime;
+      if (clock >= 24.0f) {
+        clock -= 24.0f;
+        nextDay = true;
+      }
+    }
+    EXPECT_GE(afterMidnight, 1);
+
+    auto swept = load(c.day, c.year);
+    SweepInput sweep;
+    sweep.Slot = c.sweepSlot;
+    sweep.Day = c.day;
+    sweep.Year = c.year;
+    sweep.WorkingTime = 12.0f;
+    const SweepOutcome out = SweepDepartures(swept->ctx, swept->s, sweep);
+    ASSERT_EQ(out.verdict, SweepVerdict::Completed);
+    float total = 0;
+    for (int i = 1; i < RouteCount(route->s); ++i) total += route->s.Route[static_cast<std::size_t>(i)].LegTime;
+    const int row = static_cast<int>(ParseDepartureTime(c.depart).hours) - HoursOfSlot(c.sweepSlot).first;
+    ASSERT_LT(row, static_cast<int>(out.rows.size()));
+    EXPECT_EQ(out.rows[static_cast<std::size_t>(row)].TimeTaken, total);
+  }
 }
 
 }  // namespace
