@@ -1,6 +1,7 @@
 // The stream lookup's accelerators, kept inside StreamState.
 //
-// DiamondIndex: a grid of quarter-degree cells over the diamonds. A query
+// DiamondIndex: a grid of square cells over the diamonds, about one diamond
+// a cell (a minute to a quarter of a degree a side). A query
 // visits cells ring by ring outwards from its own and evaluates the
 // diamonds of every cell whose nearest possible range could still beat the
 // best found (or the 30-mile reach). The range is always the program's own
@@ -12,8 +13,9 @@
 // plain scan), is always among those evaluated.
 //
 // StreamCaches: the port curves of the dates met (a route over midnight
-// reloads the tides on every pass) and the hour from high water of each
-// port for each minute of the day on the curve in hand.
+// reloads the tides on every pass), the hour from high water of each port
+// for each minute of the day on the curve in hand, the port states held
+// back during a StreamBatch, and the diamonds' texts.
 #pragma once
 
 #include <array>
@@ -46,6 +48,7 @@ class DiamondIndex {
   double lat0_ = 0, lon0_ = 0;
   int rows_ = 0, cols_ = 0;
   double maxAbsLat_ = 0;
+  std::vector<double> rowCos_;  // per row of cells
   std::vector<std::vector<int>> cells_;  // row-major, diamond numbers from 0 in rising order
 };
 
@@ -82,6 +85,29 @@ struct StreamCaches {
   };
   std::vector<HourTable> hourTables;
   std::uint64_t uses = 0;
+
+  // A StreamBatch in progress (nested batches count up). While one runs,
+  // the lookup does not write PortTideState and PortRange at every step:
+  // it notes per used port the minute of the last answer that found a high
+  // water, on hour table `pendingTable`, and reads the slot, minutes and
+  // range of the nearest diamond's port from there. SettlePortStates
+  // writes what is held, as the lookups one by one would have left it (each
+  // found answer overwrites every field; an answer without a high water
+  // leaves the last one standing). Anything that reloads the tides or
+  // updates every port settles first.
+  int batchDepth = 0;
+  int batchTable = -1;  // the hour table of the curves in hand until a reload
+  int pendingTable = -1;
+  std::vector<int> pendingMinute;  // per used port, -1 when nothing is held
+
+  // DiamondText of each diamond, with the bits of the two numbers it was
+  // made from: a label is made again whenever they differ.
+  struct DiamondLabel {
+    std::uint32_t chartNumberBits = 0, diaRefBits = 0;
+    bool made = false;
+    std::string text;
+  };
+  std::vector<DiamondLabel> labels;
 };
 
 }  // namespace kelvane
