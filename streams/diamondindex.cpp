@@ -45,6 +45,9 @@ void DiamondIndex::Build(const std::vector<Diamond>& diamonds) {
   rows_ = static_cast<int>(std::floor((maxLat - lat0_) / cell_)) + 1;
   cols_ = static_cast<int>(std::floor((maxLon - lon0_) / cell_)) + 1;
   if (static_cast<long>(rows_) * cols_ > kMaxCells) return;
+  cosAtMax_ = std::cos(DegToRad(maxAbsLat_ + cell_));
+  diamondCos_.resize(diamonds.size());
+  for (std::size_t i = 0; i < diamonds.size(); ++i) diamondCos_[i] = std::cos(DegToRad(std::fabs(double(diamonds[i].lat))));
   // The cosine of the higher latitude edge of each row of cells.
   rowCos_.resize(static_cast<std::size_t>(rows_));
   for (int r = 0; r < rows_; ++r) {
@@ -80,10 +83,14 @@ NearestDiamond DiamondIndex::Nearest(const std::vector<Diamond>& diamonds, float
     return best;
   }
   const double q = lat, p = lon;
-  const double cosMin = std::cos(DegToRad(std::max(std::fabs(q), maxAbsLat_) + cell_));
-  const double cosQuery = std::cos(DegToRad(std::fabs(q)));
+  const double cosMin =
+      std::fabs(q) <= maxAbsLat_ ? cosAtMax_ : std::cos(DegToRad(std::max(std::fabs(q), maxAbsLat_) + cell_));
   const int qr = static_cast<int>(std::floor((q - lat0_) / cell_));
   const int qc = static_cast<int>(std::floor((p - lon0_) / cell_));
+  // No more than the cosine of the query's latitude: that of its row's
+  // higher edge, or its own outside the grid.
+  const double cosQuery =
+      qr >= 0 && qr < rows_ ? rowCos_[static_cast<std::size_t>(qr)] : std::cos(DegToRad(std::fabs(q)));
   // Furthest ring that can still touch the grid.
   const int maxRing = std::max({std::abs(qr), std::abs(qc), std::abs(qr - (rows_ - 1)), std::abs(qc - (cols_ - 1))});
   auto limit = [&] { return std::min(double(best.range), double(reach)); };
@@ -98,6 +105,15 @@ NearestDiamond DiamondIndex::Nearest(const std::vector<Diamond>& diamonds, float
     const double x = dLon * 60.0 * cosF, y = dLat * 60.0;
     return std::sqrt(x * x + y * y) * (1.0 - kRelativeMargin) - kAbsoluteMargin;
   };
+  // The same lower bound for one diamond: the mean latitude lies between
+  // the query's and the diamond's, so its cosine is at least the lesser of
+  // theirs. A diamond whose bound exceeds the best range is not asked.
+  auto beyondBest = [&](int i) {
+    const Diamond& d = diamonds[static_cast<std::size_t>(i)];
+    const double y = std::fabs(q - double(d.lat)) * 60.0;
+    const double x = std::fabs(p - double(d.Lon)) * 60.0 * std::min(cosQuery, diamondCos_[static_cast<std::size_t>(i)]);
+    return std::sqrt(x * x + y * y) * (1.0 - kRelativeMargin) - kAbsoluteMargin > double(best.range);
+  };
   for (int ring = 0; ring <= maxRing; ++ring) {
     const double ringBound = std::max(0, ring - 1) * cell_ * 60.0 * cosMin * (1.0 - kRelativeMargin) - kAbsoluteMargin;
     if (ringBound > limit()) break;
@@ -108,7 +124,8 @@ NearestDiamond DiamondIndex::Nearest(const std::vector<Diamond>& diamonds, float
         if (c >= 0 && c < cols_) {
           const auto& cell = cells_[static_cast<std::size_t>(r) * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(c)];
           if (!cell.empty() && cellBound(r, c) <= limit())
-            for (int i : cell) consider(i);
+            for (int i : cell)
+              if (!beyondBest(i)) consider(i);
         }
         if (ring == 0) break;
       }

@@ -48,7 +48,9 @@ class DiamondIndex {
   double lat0_ = 0, lon0_ = 0;
   int rows_ = 0, cols_ = 0;
   double maxAbsLat_ = 0;
-  std::vector<double> rowCos_;  // per row of cells
+  std::vector<double> rowCos_;      // per row of cells
+  std::vector<double> diamondCos_;  // the cosine of each diamond's latitude
+  double cosAtMax_ = 1;             // the cosine a cell beyond the highest latitude
   std::vector<std::vector<int>> cells_;  // row-major, diamond numbers from 0 in rising order
 };
 
@@ -88,17 +90,20 @@ struct StreamCaches {
 
   // A StreamBatch in progress (nested batches count up). While one runs,
   // the lookup does not write PortTideState and PortRange at every step:
-  // it notes per used port the minute of the last answer that found a high
-  // water, on hour table `pendingTable`, and reads the slot, minutes and
-  // range of the nearest diamond's port from there. SettlePortStates
-  // writes what is held, as the lookups one by one would have left it (each
-  // found answer overwrites every field; an answer without a high water
-  // leaves the last one standing). Anything that reloads the tides or
-  // updates every port settles first.
+  // it notes the minute of each lookup on hour table `pendingTable`, and a
+  // port's answer is worked only when asked for: the slot, minutes and
+  // range of the nearest diamond's port are those of its latest answer
+  // that found a high water. SettlePortStates writes each port's latest
+  // found answer, as the lookups one by one would have left it (a found
+  // answer overwrites every field; one without a high water leaves the
+  // last standing). Anything that reloads the tides or updates every port
+  // settles first.
   int batchDepth = 0;
   int batchTable = -1;  // the hour table of the curves in hand until a reload
   int pendingTable = -1;
-  std::vector<int> pendingMinute;  // per used port, -1 when nothing is held
+  std::vector<int> heldMinutes;  // the minutes looked up, oldest first
+  std::vector<int> lastFound;    // per used port: place in heldMinutes of its latest found answer, or -1
+  std::vector<int> examined;     // per used port: how many of heldMinutes its walk has passed
 
   // DiamondText of each diamond, with the bits of the two numbers it was
   // made from: a label is made again whenever they differ.

@@ -304,23 +304,43 @@ const PortTideStateRecord& TableTurning(StreamCaches::HourTable& table, const Ti
   return table.turning[p];
 }
 
+// The latest answer that found a high water for used port p (from 0)
+// among the lookups a batch holds, or nullptr. Each port's walk goes back
+// from the newest lookup and stops at the first found; the lookups it has
+// passed are not walked again.
+const HighWaterHour* HeldAnswer(StreamCaches& c, const TideState& tides, std::size_t p) {
+  if (c.pendingTable < 0 || p >= c.lastFound.size()) return nullptr;
+  StreamCaches::HourTable& table = c.hourTables[static_cast<std::size_t>(c.pendingTable)];
+  const int end = static_cast<int>(c.heldMinutes.size());
+  for (int k = end - 1; k >= c.examined[p]; --k) {
+    const int m = c.heldMinutes[static_cast<std::size_t>(k)];
+    if (TableHour(table, tides, p, m, static_cast<std::size_t>(m)).found) {
+      c.lastFound[p] = k;
+      break;
+    }
+  }
+  c.examined[p] = end;
+  if (c.lastFound[p] < 0) return nullptr;
+  return &table.hourByMinute[p][static_cast<std::size_t>(c.heldMinutes[static_cast<std::size_t>(c.lastFound[p])])];
+}
+
 // Writes the port states a batch holds back.
 void SettlePortStates(StreamContext& ctx) {
   if (!ctx.streams->caches) return;
   StreamCaches& c = *ctx.streams->caches;
   if (c.pendingTable < 0) return;
   StreamCaches::HourTable& table = c.hourTables[static_cast<std::size_t>(c.pendingTable)];
-  for (std::size_t p = 0; p < c.pendingMinute.size(); ++p) {
-    const int m = c.pendingMinute[p];
-    if (m < 0) continue;
-    StorePortState(ctx, p, table.hourByMinute[p][static_cast<std::size_t>(m)], table.turning[p]);
-    c.pendingMinute[p] = -1;
-  }
+  for (std::size_t p = 0; p < c.lastFound.size(); ++p)
+    if (const HighWaterHour* hw = HeldAnswer(c, *ctx.tides, p))
+      StorePortState(ctx, p, *hw, TableTurning(table, *ctx.tides, p));
   c.pendingTable = -1;
+  c.heldMinutes.clear();
+  c.lastFound.clear();
+  c.examined.clear();
 }
 
 // UpdatePortStates with the minute worked out. `defer` (inside a batch)
-// notes the found answers instead of writing them.
+// notes the minute instead of writing the ports.
 void UpdatePorts(StreamContext& ctx, int now, bool defer) {
   TideState& tides = *ctx.tides;
   StreamState& streams = *ctx.streams;
@@ -350,19 +370,20 @@ void UpdatePorts(StreamContext& ctx, int now, bool defer) {
   if (defer) c.batchTable = t;
   StreamCaches::HourTable& table = c.hourTables[static_cast<std::size_t>(t)];
   table.lastUse = ++c.uses;
-  const auto m = static_cast<std::size_t>(std::clamp(now, 0, 1439));
+  const int m = std::clamp(now, 0, 1439);
   if (defer) {
-    if (c.pendingMinute.size() < ports) c.pendingMinute.resize(ports, -1);
-    c.pendingTable = t;
+    // Only the minute is noted: a port's answer is worked when it is asked
+    // for or when the batch settles.
+    if (c.pendingTable != t) {
+      c.pendingTable = t;
+      c.lastFound.assign(ports, -1);
+      c.examined.assign(ports, 0);
+    }
+    c.heldMinutes.push_back(m);
+    return;
   }
-  for (std::size_t p = 0; p < ports; ++p) {
-    const HighWaterHour& hw = TableHour(table, tides, p, now, m);
-    const PortTideStateRecord& turning = TableTurning(table, tides, p);
-    if (!defer)
-      StorePortState(ctx, p, hw, turning);
-    else if (hw.found)
-      c.pendingMinute[p] = static_cast<int>(m);
-  }
+  for (std::size_t p = 0; p < ports; ++p)
+    StorePortState(ctx, p, TableHour(table, tides, p, m, static_cast<std::size_t>(m)), TableTurning(table, tides, p));
 }
 
 // The slot, minutes and range of used port p (from 0) as the port states
@@ -373,12 +394,8 @@ struct PortNow {
 };
 
 PortNow PortStateNow(const StreamContext& ctx, std::size_t p) {
-  const StreamCaches* c = ctx.streams->caches.get();
-  if (c && c->pendingTable >= 0 && p < c->pendingMinute.size() && c->pendingMinute[p] >= 0) {
-    const HighWaterHour& hw = c->hourTables[static_cast<std::size_t>(c->pendingTable)]
-                                  .hourByMinute[p][static_cast<std::size_t>(c->pendingMinute[p])];
-    return {hw.Slot, hw.Minutes, hw.Range};
-  }
+  if (StreamCaches* c = ctx.streams->caches.get())
+    if (const HighWaterHour* hw = HeldAnswer(*c, *ctx.tides, p)) return {hw->Slot, hw->Minutes, hw->Range};
   const PortTideStateRecord& state = ctx.tides->PortTideState[p];
   return {state.Slot, state.Minutes, p < ctx.streams->PortRange.size() ? ctx.streams->PortRange[p] : 0.0f};
 }
