@@ -1,10 +1,9 @@
 #include "streams/tidalstreams.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdlib>
-#include <bit>
-#include <cstring>
 
 #include "core/format.h"
 #include "core/positions.h"
