@@ -1,16 +1,17 @@
 // The stream lookup's accelerators, kept inside StreamState.
 //
 // DiamondIndex: a grid of square cells over the diamonds, about one diamond
-// a cell (a minute to a quarter of a degree a side). A query
-// visits cells ring by ring outwards from its own and evaluates the
-// diamonds of every cell whose nearest possible range could still beat the
-// best found (or the 30-mile reach). The range is always the program's own
-// plane-sailing RangeBearing; the grid only decides which diamonds need not
-// be asked. The lower bound of a cell uses the cosine of the highest
-// latitude involved (the mean latitude of any pair lies nearer the equator)
-// and is shrunk by a margin far wider than single-precision rounding, so
-// the nearest diamond, ties included (the lowest number wins, as in the
-// plain scan), is always among those evaluated.
+// a cell (a minute to a quarter of a degree a side). A query visits cells
+// ring by ring outwards from its own and evaluates the diamonds of every
+// cell whose nearest possible range could still beat the best found (or
+// the 30-mile reach), each diamond first meeting the same bound of its
+// own. The range is always the program's own plane sailing
+// (PlaneSailingRange, the range of RangeBearing); the grid only decides
+// which diamonds need not be asked. A lower bound uses the cosine of the
+// highest latitude involved (the mean latitude of any pair lies nearer the
+// equator) and is shrunk by a margin far wider than single-precision
+// rounding, so the nearest diamond, ties included (the lowest number wins,
+// as in the plain scan), is always among those evaluated.
 //
 // StreamCaches: the port curves of the dates met (a route over midnight
 // reloads the tides on every pass), the hour from high water of each port
