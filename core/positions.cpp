@@ -36,13 +36,22 @@ double QuadrantAngle(float x, float y) {
 
 }  // namespace
 
-RangeAndBearing RangeBearing(float lat1, float lon1, float lat2, float lon2) {
-  // Difference of latitude in minutes, positive going north.
+namespace {
+
+// The two legs of the plane-sailing triangle, in minutes: the departure x
+// (positive east) and the difference of latitude (positive north).
+struct PlaneLegs {
+  float x = 0;
   float dLat = 0;
+};
+
+PlaneLegs Legs(float lat1, float lon1, float lat2, float lon2) {
+  PlaneLegs legs;
+  // Difference of latitude in minutes, positive going north.
   if (lat1 > lat2)
-    dLat = (lat1 - lat2) * -1.0f * 60.0f;
+    legs.dLat = (lat1 - lat2) * -1.0f * 60.0f;
   else if (lat1 < lat2)
-    dLat = (lat2 - lat1) * 60.0f;
+    legs.dLat = (lat2 - lat1) * 60.0f;
   // Difference of longitude in degrees, positive going east.
   float dLon = 0;
   if (lon1 < lon2)
@@ -51,12 +60,27 @@ RangeAndBearing RangeBearing(float lat1, float lon1, float lat2, float lon2) {
     dLon = (lon1 - lon2) * -1.0f;
   float mean = (lat1 + lat2) / 2.0f;
   double meanRad = mean * kPi / 180.0;
-  float x = static_cast<float>(dLon * std::cos(meanRad) * 60.0);  // departure, minutes
+  legs.x = static_cast<float>(dLon * std::cos(meanRad) * 60.0);  // departure, minutes
+  return legs;
+}
+
+float RangeOf(const PlaneLegs& legs) {
+  return static_cast<float>(std::sqrt(std::pow(static_cast<double>(legs.x), 2.0) +
+                                      std::pow(static_cast<double>(legs.dLat), 2.0)));
+}
+
+}  // namespace
+
+RangeAndBearing RangeBearing(float lat1, float lon1, float lat2, float lon2) {
+  const PlaneLegs legs = Legs(lat1, lon1, lat2, lon2);
   RangeAndBearing rb;
-  rb.range = static_cast<float>(std::sqrt(std::pow(static_cast<double>(x), 2.0) +
-                                          std::pow(static_cast<double>(dLat), 2.0)));
-  rb.bearing = RadiansToBearing(QuadrantAngle(x, dLat));
+  rb.range = RangeOf(legs);
+  rb.bearing = RadiansToBearing(QuadrantAngle(legs.x, legs.dLat));
   return rb;
+}
+
+float PlaneSailingRange(float lat1, float lon1, float lat2, float lon2) {
+  return RangeOf(Legs(lat1, lon1, lat2, lon2));
 }
 
 PolarVector XYToPolar(float x, float y) {

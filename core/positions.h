@@ -50,6 +50,12 @@ struct Position {
 // Same point twice: range 0, bearing 0. No handling of the 180 degree
 // meridian: a leg across it runs the long way round.
 RangeAndBearing RangeBearing(float lat1, float lon1, float lat2, float lon2);
+// The range of RangeBearing alone, bit for bit, without the arctangent of
+// the bearing: for searches that only compare distances. It is never less
+// than the difference of latitude in minutes, |lat1 - lat2| x 60 worked in
+// single precision (the sum of squares is taken in double, where the
+// squares of singles are exact).
+float PlaneSailingRange(float lat1, float lon1, float lat2, float lon2);
 
 // The same quadrant logic on a plain vector (x east, y north).
 PolarVector XYToPolar(float x, float y);

@@ -67,6 +67,9 @@ PassResult TraceLeg(StreamContext& ctx, PassageState& s, const SolverSettings& s
   int i = 1;
   float away = 0;
   StreamAnswer answer;
+  // Only the port states after the last step are ever read: the lookups of
+  // the pass write them once, at its end.
+  StreamBatch batch(ctx);
   while (2.0f * R > away) {
     if (i > kMaxPassSteps) {
       out.overflow = true;
@@ -84,10 +87,10 @@ PassResult TraceLeg(StreamContext& ctx, PassageState& s, const SolverSettings& s
     // once, with the cosine of the latitude at the start of the step.
     const Position next = OffsetPosition(current.lat, current.lon, boat.east + stream.east, boat.north + stream.north);
     s.PassCog[static_cast<std::size_t>(i)] = CogPoint{next.lat, next.lon, time, day, year};
-    range[static_cast<std::size_t>(i - 1)] = RangeBearing(current.lat, current.lon, b.lat, b.lon).range;
+    range[static_cast<std::size_t>(i - 1)] = PlaneSailingRange(current.lat, current.lon, b.lat, b.lon);
     sailed[static_cast<std::size_t>(i)] =
-        sailed[static_cast<std::size_t>(i - 1)] + RangeBearing(current.lat, current.lon, next.lat, next.lon).range;
-    away = RangeBearing(a.lat, a.lon, next.lat, next.lon).range;
+        sailed[static_cast<std::size_t>(i - 1)] + PlaneSailingRange(current.lat, current.lon, next.lat, next.lon);
+    away = PlaneSailingRange(a.lat, a.lon, next.lat, next.lon);
     current = next;
     // The clock passes midnight into the next day, and the last day of the
     // year (365 or 366) into 1 January: the steps after midnight on

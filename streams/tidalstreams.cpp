@@ -1,9 +1,9 @@
 #include "streams/tidalstreams.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
 
 #include "core/format.h"
 #include "core/positions.h"
@@ -103,20 +103,33 @@ void SlotAndMinutes(bool before, int delta, std::int16_t& slot, std::int16_t& mi
   }
 }
 
+// The samples a fingerprint takes of each curve: a spread over the three
+// days.
+constexpr int kProbes[] = {1, 100, 145, 217, 288, 350, 433};
+
+// Compared by their bits: a NaN sample must still match itself.
+std::uint32_t SampleBits(const PortCurveArray& curve, int i) { return std::bit_cast<std::uint32_t>(Height(curve, i)); }
+
 CurveFingerprint FingerprintOf(const TideState& tides) {
   CurveFingerprint f;
   f.day = tides.TideDay;
   f.year = tides.TideYear;
   f.ports = tides.UsedPortList;
   for (const PortCurveArray& curve : tides.PortCurve)
-    for (int i : {1, 100, 145, 217, 288, 350, 433}) {
-      // Compared by their bits: a NaN sample must still match itself.
-      std::uint32_t bits;
-      const float h = Height(curve, i);
-      std::memcpy(&bits, &h, sizeof bits);
-      f.samples.push_back(bits);
-    }
+    for (int i : kProbes) f.samples.push_back(SampleBits(curve, i));
   return f;
+}
+
+// FingerprintOf(tides) == f, without making one.
+bool FingerprintMatches(const CurveFingerprint& f, const TideState& tides) {
+  if (f.day != tides.TideDay || f.year != tides.TideYear || f.ports != tides.UsedPortList ||
+      f.samples.size() != tides.PortCurve.size() * std::size(kProbes))
+    return false;
+  std::size_t n = 0;
+  for (const PortCurveArray& curve : tides.PortCurve)
+    for (int i : kProbes)
+      if (f.samples[n++] != SampleBits(curve, i)) return false;
+  return true;
 }
 
 void StorePortState(StreamContext& ctx, std::size_t p, const HighWaterHour& hw, const PortTideStateRecord& turning) {
@@ -242,14 +255,97 @@ void TurningPointsOfDay(const TideState& tides, int portIndex, PortTideStateReco
   }
 }
 
-void UpdatePortStates(StreamContext& ctx, bool useGivenTime, float timeHours, int clockMinutes) {
+namespace {
+
+// The hour table of the curves in hand (made when none matches, the least
+// recently used giving way after four), by its place in hourTables.
+int HourTableFor(StreamCaches& c, const TideState& tides, std::size_t ports) {
+  int found = -1;
+  for (std::size_t t = 0; t < c.hourTables.size(); ++t)
+    if (c.hourTables[t].hourByMinute.size() == ports && FingerprintMatches(c.hourTables[t].fingerprint, tides))
+      found = static_cast<int>(t);
+  return found;
+}
+
+int MakeHourTable(StreamCaches& c, const TideState& tides, std::size_t ports) {
+  std::size_t slot = c.hourTables.size();
+  if (slot < 4) {
+    c.hourTables.emplace_back();
+  } else {
+    slot = 0;
+    for (std::size_t t = 0; t < c.hourTables.size(); ++t)
+      if (c.hourTables[t].lastUse < c.hourTables[slot].lastUse) slot = t;
+  }
+  StreamCaches::HourTable& table = c.hourTables[slot];
+  table.fingerprint = FingerprintOf(tides);
+  table.hourByMinute.assign(ports, std::vector<HighWaterHour>(1440));
+  table.hourKnown.assign(ports, std::vector<bool>(1440, false));
+  table.turning.assign(ports, {});
+  table.turningKnown.assign(ports, false);
+  return static_cast<int>(slot);
+}
+
+// The answer of port p at minute m (0..1439) of the table, worked once.
+const HighWaterHour& TableHour(StreamCaches::HourTable& table, const TideState& tides, std::size_t p, int now,
+                               std::size_t m) {
+  if (!table.hourKnown[p][m]) {
+    table.hourByMinute[p][m] = HourFromHighWater(tides, static_cast<int>(p) + 1, now);
+    table.hourKnown[p][m] = true;
+  }
+  return table.hourByMinute[p][m];
+}
+
+const PortTideStateRecord& TableTurning(StreamCaches::HourTable& table, const TideState& tides, std::size_t p) {
+  if (!table.turningKnown[p]) {
+    TurningPointsOfDay(tides, static_cast<int>(p) + 1, table.turning[p]);
+    table.turningKnown[p] = true;
+  }
+  return table.turning[p];
+}
+
+// The latest answer that found a high water for used port p (from 0)
+// among the lookups a batch holds, or nullptr. Each port's walk goes back
+// from the newest lookup and stops at the first found; the lookups it has
+// passed are not walked again.
+const HighWaterHour* HeldAnswer(StreamCaches& c, const TideState& tides, std::size_t p) {
+  if (c.pendingTable < 0 || p >= c.lastFound.size()) return nullptr;
+  StreamCaches::HourTable& table = c.hourTables[static_cast<std::size_t>(c.pendingTable)];
+  const int end = static_cast<int>(c.heldMinutes.size());
+  for (int k = end - 1; k >= c.examined[p]; --k) {
+    const int m = c.heldMinutes[static_cast<std::size_t>(k)];
+    if (TableHour(table, tides, p, m, static_cast<std::size_t>(m)).found) {
+      c.lastFound[p] = k;
+      break;
+    }
+  }
+  c.examined[p] = end;
+  if (c.lastFound[p] < 0) return nullptr;
+  return &table.hourByMinute[p][static_cast<std::size_t>(c.heldMinutes[static_cast<std::size_t>(c.lastFound[p])])];
+}
+
+// Writes the port states a batch holds back.
+void SettlePortStates(StreamContext& ctx) {
+  if (!ctx.streams->caches) return;
+  StreamCaches& c = *ctx.streams->caches;
+  if (c.pendingTable < 0) return;
+  StreamCaches::HourTable& table = c.hourTables[static_cast<std::size_t>(c.pendingTable)];
+  for (std::size_t p = 0; p < c.lastFound.size(); ++p)
+    if (const HighWaterHour* hw = HeldAnswer(c, *ctx.tides, p))
+      StorePortState(ctx, p, *hw, TableTurning(table, *ctx.tides, p));
+  c.pendingTable = -1;
+  c.heldMinutes.clear();
+  c.lastFound.clear();
+  c.examined.clear();
+}
+
+// UpdatePortStates with the minute worked out. `defer` (inside a batch)
+// notes the minute instead of writing the ports.
+void UpdatePorts(StreamContext& ctx, int now, bool defer) {
   TideState& tides = *ctx.tides;
   StreamState& streams = *ctx.streams;
-  const int now = useGivenTime ? MinutesOfDay(timeHours) : clockMinutes;
   const std::size_t ports = std::min(tides.UsedPortList.size(), tides.PortCurve.size());
   if (tides.PortTideState.size() < ports) tides.PortTideState.resize(ports);
   if (streams.PortRange.size() < ports) streams.PortRange.resize(ports, 0.0f);
-  const int clamped = std::clamp(now, 0, 1439);
 
   if (!streams.UseAccelerators) {
     for (std::size_t p = 0; p < ports; ++p) {
@@ -261,37 +357,66 @@ void UpdatePortStates(StreamContext& ctx, bool useGivenTime, float timeHours, in
   }
 
   StreamCaches& c = Caches(streams);
-  CurveFingerprint f = FingerprintOf(tides);
-  StreamCaches::HourTable* table = nullptr;
-  for (auto& t : c.hourTables)
-    if (t.fingerprint == f && t.hourByMinute.size() == ports) table = &t;
-  if (!table) {
-    if (c.hourTables.size() < 4) {
-      table = &c.hourTables.emplace_back();
-    } else {
-      table = &c.hourTables.front();
-      for (auto& t : c.hourTables)
-        if (t.lastUse < table->lastUse) table = &t;
+  if (!defer) SettlePortStates(ctx);
+  // Within a batch the curves change only by a reload, which forgets the
+  // table; otherwise they are recognised by their fingerprint.
+  int t = defer && c.batchTable >= 0 &&
+                  c.hourTables[static_cast<std::size_t>(c.batchTable)].hourByMinute.size() == ports
+              ? c.batchTable
+              : HourTableFor(c, tides, ports);
+  if (t != c.pendingTable) SettlePortStates(ctx);  // before a table can give way
+  if (t < 0) t = MakeHourTable(c, tides, ports);
+  if (defer) c.batchTable = t;
+  StreamCaches::HourTable& table = c.hourTables[static_cast<std::size_t>(t)];
+  table.lastUse = ++c.uses;
+  const int m = std::clamp(now, 0, 1439);
+  if (defer) {
+    // Only the minute is noted: a port's answer is worked when it is asked
+    // for or when the batch settles.
+    if (c.pendingTable != t) {
+      c.pendingTable = t;
+      c.lastFound.assign(ports, -1);
+      c.examined.assign(ports, 0);
     }
-    table->fingerprint = std::move(f);
-    table->hourByMinute.assign(ports, std::vector<HighWaterHour>(1440));
-    table->hourKnown.assign(ports, std::vector<bool>(1440, false));
-    table->turning.assign(ports, {});
-    table->turningKnown.assign(ports, false);
+    c.heldMinutes.push_back(m);
+    return;
   }
-  table->lastUse = ++c.uses;
-  for (std::size_t p = 0; p < ports; ++p) {
-    if (!table->turningKnown[p]) {
-      TurningPointsOfDay(tides, static_cast<int>(p) + 1, table->turning[p]);
-      table->turningKnown[p] = true;
-    }
-    auto m = static_cast<std::size_t>(clamped);
-    if (!table->hourKnown[p][m]) {
-      table->hourByMinute[p][m] = HourFromHighWater(tides, static_cast<int>(p) + 1, now);
-      table->hourKnown[p][m] = true;
-    }
-    StorePortState(ctx, p, table->hourByMinute[p][m], table->turning[p]);
-  }
+  for (std::size_t p = 0; p < ports; ++p)
+    StorePortState(ctx, p, TableHour(table, tides, p, m, static_cast<std::size_t>(m)), TableTurning(table, tides, p));
+}
+
+// The slot, minutes and range of used port p (from 0) as the port states
+// hold them, or would once a batch settles.
+struct PortNow {
+  std::int16_t Slot = 0, Minutes = 0;
+  float range = 0;
+};
+
+PortNow PortStateNow(const StreamContext& ctx, std::size_t p) {
+  if (StreamCaches* c = ctx.streams->caches.get())
+    if (const HighWaterHour* hw = HeldAnswer(*c, *ctx.tides, p)) return {hw->Slot, hw->Minutes, hw->Range};
+  const PortTideStateRecord& state = ctx.tides->PortTideState[p];
+  return {state.Slot, state.Minutes, p < ctx.streams->PortRange.size() ? ctx.streams->PortRange[p] : 0.0f};
+}
+
+}  // namespace
+
+void UpdatePortStates(StreamContext& ctx, bool useGivenTime, float timeHours, int clockMinutes) {
+  UpdatePorts(ctx, useGivenTime ? MinutesOfDay(timeHours) : clockMinutes, false);
+}
+
+StreamBatch::StreamBatch(StreamContext& ctx) : ctx_(ctx) {
+  if (!ctx.streams->UseAccelerators) return;
+  ++Caches(*ctx.streams).batchDepth;
+  active_ = true;
+}
+
+StreamBatch::~StreamBatch() {
+  if (!active_ || !ctx_.streams->caches) return;
+  StreamCaches& c = *ctx_.streams->caches;
+  if (--c.batchDepth > 0) return;
+  SettlePortStates(ctx_);
+  c.batchTable = -1;
 }
 
 // ---------------------------------------------------------------- lookup
@@ -321,6 +446,8 @@ NearestDiamond FindNearestDiamond(StreamState& streams, float lat, float lon) {
 
 std::string ReloadTides(StreamContext& ctx, std::int16_t day, std::int16_t year) {
   TideState& tides = *ctx.tides;
+  SettlePortStates(ctx);
+  if (ctx.streams->caches) ctx.streams->caches->batchTable = -1;
   if (!ctx.streams->UseAccelerators) return InitialiseTides(tides, ctx.programFolder, day, year, ctx.summerTime);
   if (day == 0 || year == 0) {
     day = tides.TideDay;
@@ -368,7 +495,7 @@ Interpolated Interpolate(const StreamContext& ctx, const Diamond& d, bool displa
   while (p < tides.UsedPortList.size() && tides.UsedPortList[p] != port) ++p;
   if (p >= tides.UsedPortList.size() || p >= tides.PortTideState.size()) return out;
   out.portFound = true;
-  const PortTideStateRecord& state = tides.PortTideState[p];
+  const PortNow state = PortStateNow(ctx, p);
   const int n = state.Slot + 7;
   int next = n + 1;
   if (next == 14) next = 1;
@@ -378,7 +505,7 @@ Interpolated Interpolate(const StreamContext& ctx, const Diamond& d, bool displa
   const bool noFirst = (d1 + s1 + p1) == 0.0f;
   const bool noSecond = (d2 + s2 + p2) == 0.0f;
 
-  float range = p < ctx.streams->PortRange.size() ? ctx.streams->PortRange[p] : 0.0f;
+  float range = state.range;
   if (range >= d.Nprange && range <= d.Sprange) {
   } else if (range > d.Sprange) {
     range = d.Sprange;
@@ -406,6 +533,21 @@ Interpolated Interpolate(const StreamContext& ctx, const Diamond& d, bool displa
 
 std::string DiamondText(const Diamond& d) { return NumberText(d.chartNumber) + ", " + NumberText(d.DiaRef); }
 
+// DiamondText of diamond i through the labels cache.
+const std::string& DiamondLabel(StreamCaches& c, const std::vector<Diamond>& diamonds, std::size_t i) {
+  if (c.labels.size() != diamonds.size()) c.labels.assign(diamonds.size(), {});
+  StreamCaches::DiamondLabel& label = c.labels[i];
+  const Diamond& d = diamonds[i];
+  const auto chart = std::bit_cast<std::uint32_t>(d.chartNumber), ref = std::bit_cast<std::uint32_t>(d.DiaRef);
+  if (!label.made || label.chartNumberBits != chart || label.diaRefBits != ref) {
+    label.text = DiamondText(d);
+    label.chartNumberBits = chart;
+    label.diaRefBits = ref;
+    label.made = true;
+  }
+  return label.text;
+}
+
 }  // namespace
 
 std::string TidalStreamAt(StreamContext& ctx, float lat, float lon, float timeHours, std::int16_t day,
@@ -417,7 +559,8 @@ std::string TidalStreamAt(StreamContext& ctx, float lat, float lon, float timeHo
     std::string message = ReloadTides(ctx, day, year);
     if (!message.empty()) return message;
   }
-  UpdatePortStates(ctx, true, timeHours);
+  const bool batch = streams.UseAccelerators && streams.caches && streams.caches->batchDepth > 0;
+  UpdatePorts(ctx, MinutesOfDay(timeHours), batch);
 
   const NearestDiamond nearest = FindNearestDiamond(streams, lat, lon);
   if (nearest.index < 0 || nearest.range > kStreamReachMiles) {
@@ -430,7 +573,9 @@ std::string TidalStreamAt(StreamContext& ctx, float lat, float lon, float timeHo
   const Diamond& d = streams.Diamonds[static_cast<std::size_t>(nearest.index)];
   const Interpolated s = Interpolate(ctx, d, false);
   if (!s.portFound) return "";
-  answer.DiamondText = DiamondText(d);
+  answer.DiamondText = streams.UseAccelerators
+                           ? DiamondLabel(Caches(streams), streams.Diamonds, static_cast<std::size_t>(nearest.index))
+                           : DiamondText(d);
   if (s.zeroRange) return ZeroRangeMessage(false);
   answer.Rate = s.rate;
   answer.Direction = s.direction;
@@ -440,6 +585,7 @@ std::string TidalStreamAt(StreamContext& ctx, float lat, float lon, float timeHo
 
 StreamsNow CalculateTidalStreams(StreamContext& ctx) {
   StreamsNow result;
+  SettlePortStates(ctx);
   StreamState& streams = *ctx.streams;
   streams.StreamNow.clear();
   for (const Diamond& d : streams.Diamonds) {

@@ -82,6 +82,25 @@ void BuildUsedPorts(TideState& tides, const std::vector<Diamond>& diamonds);
 // <ChartSet>.l25. A missing file returns at once and changes nothing.
 void FindRefPorts(TideState& tides, const std::filesystem::path& programFolder, std::string_view chartSet);
 
+// A run of lookups of which only the end is read, as the leg solver's pass
+// is: with the accelerators on, TidalStreamAt inside the batch writes the
+// port states (PortTideState, PortRange) once, when the batch ends or
+// before anything reloads the tides or updates every port, and they then
+// hold exactly what the lookups one by one would have left. Until it ends,
+// nothing but the lookup itself may change the tides or read the port
+// states. With the accelerators off it does nothing.
+class StreamBatch {
+ public:
+  explicit StreamBatch(StreamContext& ctx);
+  ~StreamBatch();
+  StreamBatch(const StreamBatch&) = delete;
+  StreamBatch& operator=(const StreamBatch&) = delete;
+
+ private:
+  StreamContext& ctx_;
+  bool active_ = false;
+};
+
 // The result of HourFromHighWater for one port.
 struct HighWaterHour {
   bool found = false;      // no high water in either window: nothing else is set
