@@ -24,6 +24,12 @@
 #include "streams/tidalstreams.h"
 
 namespace kelvane::cli {
+
+float VariationValue(const std::string& text) {
+  const float value = static_cast<float>(std::fabs(TextValue(text)));
+  return text.find_first_of("Ww-") != std::string::npos ? -value : value;
+}
+
 namespace {
 
 using Moment = TypedMoment;
@@ -92,12 +98,6 @@ std::optional<float> PointSpeed(const std::string& desc) {
   for (char c : text)
     if (!(std::isdigit(static_cast<unsigned char>(c)) || c == '.' || c == '-' || c == '+')) return std::nullopt;
   return static_cast<float>(TextValue(text));
-}
-
-// "2W" is -2, "3.5E" or "3.5" is 3.5.
-float VariationValue(const std::string& text) {
-  const float value = static_cast<float>(std::fabs(TextValue(text)));
-  return text.find_first_of("Ww-") != std::string::npos ? -value : value;
 }
 
 int CalculateRouteFile(const Context& cli, const RouteOptions& o, const SettingsInUse& settings, const Moment& at) {

@@ -41,6 +41,9 @@ inline CLI::App* SharedCommand(CLI::App& app, const std::string& name, const std
   command->require_subcommand(1);
   return command;
 }
+// A variation as the commands take it: "2W" is -2, "3.5E" or "3.5" is 3.5.
+float VariationValue(const std::string& text);
+
 inline constexpr const char* kWindCommandHelp = "Wind: the stored wind of the last GRIB import, the wind calculator";
 
 }  // namespace kelvane::cli
