@@ -108,6 +108,11 @@ class FrmChart : public QMainWindow {
   void mnuLastRouteResults_Click();
   // The route menu's single leg (mainwindow_setleg.cpp).
   void mnuSetLeg_Click();
+  // Course over ground and man overboard (mainwindow_drift.cpp); the
+  // casualty display at a predicted position.
+  void mnuCalcCOG_Click();
+  void mnuMOB_Click();
+  void ShowCasualty(Position at);
   // The wind forms (mainwindow_wind.cpp): the leg speeds from the wind over
   // the route, run over `parent`, and the true and apparent wind calculator.
   void RunWindForm(QWidget* parent);
@@ -136,6 +141,7 @@ class FrmChart : public QMainWindow {
   void ConnectMenus();
   void ConnectPassageMenus();
   void ConnectSetLegMenu();
+  void ConnectDriftMenus();
   // The GPS as the leg forms see it: the own ship's fix, or none.
   GpsReading CurrentGpsReading() const;
   void ConnectWindMenus();
