@@ -69,6 +69,7 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"&Route", "mnuCalcCOG", "Course over Ground...", false},
       {"&Route", "mnuSaveCOG", "Save Course over Ground...", false},
       {"&Route", "mnuCOGToGoogle", "Course to Google Earth...", false},
+      {"&Route", "mnuMOB", "Man Overboard...", false},
       {"&Route", "-", "", false},
       {"&Route", "mnuDividersOn", "Dividers", true},
       {"&Route", "mnuRouteDrag", "Route Drag", true},

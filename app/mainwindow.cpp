@@ -47,6 +47,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent)
   ConnectSweepMenu();
   ConnectSetLegMenu();
   ConnectDiveMenu();
+  ConnectDriftMenus();
   ConnectWindMenus();
   ConnectTideDialogs();
   ConnectHelp();

@@ -112,6 +112,11 @@ class FrmChart : public QMainWindow {
   void mnuSetLeg_Click();
   // The route menu's dive route (mainwindow_dive.cpp).
   void mnuDiverRoute_Click();
+  // Course over ground and man overboard (mainwindow_drift.cpp); the
+  // casualty display at a predicted position.
+  void mnuCalcCOG_Click();
+  void mnuMOB_Click();
+  void ShowCasualty(Position at);
   // The wind forms (mainwindow_wind.cpp): the leg speeds from the wind over
   // the route, run over `parent`, and the true and apparent wind calculator.
   void RunWindForm(QWidget* parent);
@@ -142,6 +147,7 @@ class FrmChart : public QMainWindow {
   void ConnectSweepMenu();
   void ConnectSetLegMenu();
   void ConnectDiveMenu();
+  void ConnectDriftMenus();
   // The GPS as the leg forms see it: the own ship's fix, or none.
   GpsReading CurrentGpsReading() const;
   void ConnectWindMenus();

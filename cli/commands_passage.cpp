@@ -26,6 +26,7 @@
 #include "streams/tidalstreams.h"
 
 namespace kelvane::cli {
+
 namespace {
 
 using Moment = TypedMoment;

@@ -148,7 +148,7 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
                             "mnuCopyComPortDetails", "mnuGPSMonitor", "mnuAISSummary", "mnuArea", "mnuPortList", "mnuAbout",
                             "mnuQuickInstructions", "mnuConverttoGPX", "mnuImport", "mnuExport1", "mnuCompoundExport",
                             "mnuSetLeg", "mnuWindEnter", "mnuWindTrueApp", "mnuWindGribImport", "mnuViewWind",
-                            "mnuViewSmartMet", "mnuPolarPlot", "mnuEditPolar", "mnuSailDocs"})
+                            "mnuViewSmartMet", "mnuPolarPlot", "mnuEditPolar", "mnuSailDocs", "mnuCalcCOG", "mnuMOB"})
     run(entry);
   // The outline's editor, once an outline is loaded.
   app::ChartMenus* chartMenus = window.findChild<app::ChartMenus*>();
