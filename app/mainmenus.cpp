@@ -60,6 +60,7 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"&Route", "mnucalcrte", "Calculate Route...", false},
       {"&Route", "mnuSetLeg", "Single Leg...", false},
       {"&Route", "mnuLastRouteResults", "Last Route Results...", false},
+      {"&Route", "mnuPassagePlan", "Passage Plan...", false},
       {"&Route", "mnuRouteSave", "Save Route...", false},
       {"&Route", "mnuLoadExistRoute", "Load Route...", false},
       {"&Route", "mnuRouteWaypoints", "Route Waypoints...", false},

@@ -44,6 +44,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent)
   InstallInteraction();
   instruments_->ConnectChart();
   ConnectPassageMenus();
+  ConnectPlanMenu();
   ConnectSetLegMenu();
   ConnectWindMenus();
   ConnectTideDialogs();

@@ -106,6 +106,9 @@ class FrmChart : public QMainWindow {
   // The route menu's calculation and its results (mainwindow_passage.cpp).
   void mnucalcrte_Click();
   void mnuLastRouteResults_Click();
+  // The passage plan of the last calculation: PDF and print
+  // (mainwindow_plan.cpp).
+  void mnuPassagePlan_Click();
   // The route menu's single leg (mainwindow_setleg.cpp).
   void mnuSetLeg_Click();
   // The wind forms (mainwindow_wind.cpp): the leg speeds from the wind over
@@ -135,6 +138,7 @@ class FrmChart : public QMainWindow {
   void BuildToolBar();
   void ConnectMenus();
   void ConnectPassageMenus();
+  void ConnectPlanMenu();
   void ConnectSetLegMenu();
   // The GPS as the leg forms see it: the own ship's fix, or none.
   GpsReading CurrentGpsReading() const;

@@ -184,6 +184,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     dateText = std::to_string(date->dayOfMonth) + " " + date->monthName + " " + std::to_string(in.Year);
   s.RouteCog.assign(1, CogPoint{});
   s.RouteStreams.assign(1, StreamSample{});
+  s.LegResults.clear();
   s.LegChart = {};
   const std::string departText = in.DepartureText;
   s.ResultText[0] = "RESULTS ARE FROM DERIVED DATA AND AS SUCH ARE ONLY APPROXIMATE";
@@ -205,6 +206,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     const float speed = from.Speed;
     progress(100 - 100 * i / count);
 
+    const int firstStream = static_cast<int>(s.RouteStreams.size());
     LegSolution leg = SolveLeg(ctx, s, solver, a, b, speed, time, day, year);
     for (const std::string& notice : leg.notices) note(MessageKind::Information, notice);
     if (!leg.ok) {
@@ -251,6 +253,9 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     start.DriftCount = static_cast<std::int16_t>(leg.BestIndex);
 
     const Arrival arrival = AddHours(day, year, time, leg.TimeTaken);
+    s.LegResults.push_back(LegResult{day, year, time, HoursToClockCoarse(time), arrival.text, leg.GroundSpeed,
+                                     leg.TrackDistance, firstStream,
+                                     static_cast<int>(s.RouteStreams.size()) - firstStream});
     const RangeAndBearing between = RangeBearing(start.Lat, start.Lon, dest.Lat, dest.Lon);
     std::vector<std::string> lines;
     lines.push_back("Steer " + FormatNumber(start.CourseToSteer, "000") + "°M" + "\t" + " Time taken=" +
@@ -264,7 +269,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
         toLine += "    Dive Time of " + std::to_string(dest.StopMinutes) + " mins";
     }
     lines.push_back(toLine);
-    lines.push_back("Starting at " + HoursToClockCoarse(time) + " arriving at " + arrival.text);
+    lines.push_back("Starting at " + s.LegResults.back().StartText + " arriving at " + arrival.text);
     lines.push_back("Range and bearing between waypoints : " + FormatNumber(between.range, "0.0") + "nm @ " +
                     FormatNumber(between.bearing, "000") + "°T ");
     lines.push_back("Speed Over Ground = " + FormatNumber(leg.GroundSpeed, "0.0") + "kt. Water Track Distance " +

@@ -404,9 +404,9 @@ Interpolated Interpolate(const StreamContext& ctx, const Diamond& d, bool displa
   return out;
 }
 
-std::string DiamondText(const Diamond& d) { return NumberText(d.chartNumber) + ", " + NumberText(d.DiaRef); }
-
 }  // namespace
+
+std::string DiamondText(const Diamond& d) { return NumberText(d.chartNumber) + ", " + NumberText(d.DiaRef); }
 
 std::string TidalStreamAt(StreamContext& ctx, float lat, float lon, float timeHours, std::int16_t day,
                           std::int16_t year, StreamAnswer& answer) {

@@ -173,6 +173,8 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
   };
   run("mnucalcrte");
   watch.inside = nullptr;
+  // The passage plan of those results.
+  run("mnuPassagePlan");
   // The calculated track as waypoints.
   run("mnuCOGToWayExport");
   // The details of an AIS target: the test aid's report, then F2 at the chart.
