@@ -62,6 +62,7 @@ const std::vector<MenuEntry>& MainMenuEntries() {
       {"&Route", "mnuSetLeg", "Single Leg...", false},
       {"&Route", "mnuDiverRoute", "Dive Route...", false},
       {"&Route", "mnuLastRouteResults", "Last Route Results...", false},
+      {"&Route", "mnuPassagePlan", "Passage Plan...", false},
       {"&Route", "mnuRouteSave", "Save Route...", false},
       {"&Route", "mnuLoadExistRoute", "Load Route...", false},
       {"&Route", "mnuRouteWaypoints", "Route Waypoints...", false},

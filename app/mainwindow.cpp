@@ -45,6 +45,7 @@ FrmChart::FrmChart(ProgramState state, QWidget* parent)
   instruments_->ConnectChart();
   ConnectPassageMenus();
   ConnectSweepMenu();
+  ConnectPlanMenu();
   ConnectSetLegMenu();
   ConnectDiveMenu();
   ConnectDriftMenus();

@@ -108,6 +108,9 @@ class FrmChart : public QMainWindow {
   void mnuLastRouteResults_Click();
   // The route menu's departure sweep and its results (mainwindow_sweep.cpp).
   void mnuOptimiseDeparture_Click();
+  // The passage plan of the last calculation: PDF and print
+  // (mainwindow_plan.cpp).
+  void mnuPassagePlan_Click();
   // The route menu's single leg (mainwindow_setleg.cpp).
   void mnuSetLeg_Click();
   // The route menu's dive route (mainwindow_dive.cpp).
@@ -145,6 +148,7 @@ class FrmChart : public QMainWindow {
   void ConnectMenus();
   void ConnectPassageMenus();
   void ConnectSweepMenu();
+  void ConnectPlanMenu();
   void ConnectSetLegMenu();
   void ConnectDiveMenu();
   void ConnectDriftMenus();

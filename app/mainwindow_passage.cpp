@@ -111,6 +111,7 @@ void FrmChart::mnucalcrte_Click() {
   auto* results = new forms::frmresults(state_.passage, this);
   results->setAttribute(Qt::WA_DeleteOnClose);
   results->onClose = [this] { LoadTides(state_.moment.WorkingDay, state_.moment.WorkingYear); };
+  results->onPassagePlan = [this] { mnuPassagePlan_Click(); };
   results->show();
 }
 

@@ -1,5 +1,6 @@
-// stream, route, optimise, leg: the stream lookup, the route calculation,
-// the departure sweep and one leg worked by hand, headless.
+// stream, route, optimise, plan, leg: the stream lookup, the route
+// calculation, the departure sweep, the passage plan, and one leg worked by
+// hand, headless.
 // All work from the program's state made with the user's settings file of
 // the data tree, as the window's does, so that a route gives the same
 // passage here as in the window; the options override single settings.
@@ -9,6 +10,7 @@
 #include <optional>
 
 #include "cli/passageinput.h"
+#include "cli/planpdf.h"
 #include "cli/registry.h"
 #include "core/clock.h"
 #include "core/format.h"
@@ -17,6 +19,7 @@
 #include "core/timetext.h"
 #include "core/workingtime.h"
 #include "passage/departuresweep.h"
+#include "passage/passageplan.h"
 #include "passage/routecalc.h"
 #include "passage/singleleg.h"
 #include "routes/gpx.h"
@@ -72,8 +75,9 @@ struct RouteOptions {
   bool details = false, summer = false;
 };
 
-int CalculateRouteFile(const Context& cli, const RouteOptions& o, const SettingsInUse& settings, const Moment& at) {
-  ProgramState state = MomentState(cli, settings, at, o.summer);
+// Calculates the route of the file into `state` (made by MomentState);
+// the messages go to the error stream. 0 when the report was written.
+int CalculateRouteFile(const RouteOptions& o, const Moment& at, ProgramState& state) {
   const SettingsRecord& s = state.settings;
   PassageState& passage = state.passage;
   if (!LoadGpxRoute(o.file, o.route, o.speed.value_or(s.VesselSpeed), passage)) return 1;
@@ -107,11 +111,7 @@ int CalculateRouteFile(const Context& cli, const RouteOptions& o, const Settings
   StreamContext ctx = state.Streams();
   const RouteCalcOutcome outcome = CalculateRoute(ctx, passage, in, hooks);
   for (const RouteMessage& m : outcome.messages) std::cerr << m.text << "\n";
-  if (!outcome.completed) return 1;
-  for (const std::string& line : passage.ResultText) std::cout << line << "\n";
-  if (o.details)
-    for (const std::string& line : TidalDetailsLines(passage, true, true)) std::cout << line << "\n";
-  return 0;
+  return outcome.completed ? 0 : 1;
 }
 
 int Route(const Context& cli, const RouteOptions& o) {
@@ -121,7 +121,13 @@ int Route(const Context& cli, const RouteOptions& o) {
     return 2;
   }
   const SettingsInUse settings = ReadSettingsInUse(cli.folders());
-  const int status = CalculateRouteFile(cli, o, settings, *at);
+  ProgramState state = MomentState(cli, settings, *at, o.summer);
+  const int status = CalculateRouteFile(o, *at, state);
+  if (status == 0) {
+    for (const std::string& line : state.passage.ResultText) std::cout << line << "\n";
+    if (o.details)
+      for (const std::string& line : TidalDetailsLines(state.passage, true, true)) std::cout << line << "\n";
+  }
   // Which settings gave these numbers, after the report.
   std::cout.flush();
   std::cerr << SettingsInUseLine(settings) << "\n";
@@ -178,6 +184,41 @@ int OptimiseRouteFile(const Context& cli, const OptimiseOptions& o, const Settin
 int Optimise(const Context& cli, const OptimiseOptions& o) {
   const SettingsInUse settings = ReadSettingsInUse(cli.folders());
   const int status = OptimiseRouteFile(cli, o, settings);
+  std::cout.flush();
+  std::cerr << SettingsInUseLine(settings) << "\n";
+  return status;
+}
+
+struct PlanOptions {
+  RouteOptions route;
+  std::string pdf;
+};
+
+// The passage plan of the route: as text, or with --pdf the pages the
+// window prints (a toolkit build only).
+int Plan(const Context& cli, const PlanOptions& o) {
+  const auto at = ParseDateTime(o.route.depart);
+  if (!at) {
+    std::cerr << "Give the departure as \"YYYY-MM-DD HH:MM\"\n";
+    return 2;
+  }
+  const SettingsInUse settings = ReadSettingsInUse(cli.folders());
+  ProgramState state = MomentState(cli, settings, *at, o.route.summer);
+  int status = CalculateRouteFile(o.route, *at, state);
+  if (status == 0) {
+    const PlanBuild built = BuildPassagePlan(state.passage, state.tides, state.streams, state.settings.SummerTime != 0);
+    if (!built.message.empty()) {
+      std::cerr << built.message << "\n";
+      status = 1;
+    } else if (o.pdf.empty()) {
+      for (const std::string& line : PassagePlanLines(built.plan)) std::cout << line << "\n";
+    } else if (const std::string m = WritePlanPdf(state, built.plan, o.route.area, o.pdf); !m.empty()) {
+      std::cerr << m << "\n";
+      status = 1;
+    } else {
+      std::cout << "Passage plan written to " << o.pdf << "\n";
+    }
+  }
   std::cout.flush();
   std::cerr << SettingsInUseLine(settings) << "\n";
   return status;
@@ -301,6 +342,17 @@ Registrar passageCommands([](CLI::App& app, Context& ctx) {
       ->check(CLI::Range(1, 5));
   optimise->add_option("--speed", oo->speed, "Boat speed, knots, for legs whose point carries none (default: the settings' VesselSpeed)");
   optimise->callback([&ctx, oo] { ctx.exitCode = Optimise(ctx, *oo); });
+
+  auto po = std::make_shared<PlanOptions>();
+  auto* plan = app.add_subcommand("plan", "The passage plan of a GPX route: legs, streams met, tides, sun; as text or PDF");
+  plan->add_option("file", po->route.file, "GPX file")->required();
+  plan->add_option("--route", po->route.route, "Name of the route in the file (default: the first)");
+  plan->add_option("--area", po->route.area, "Area: the name of Charts/<area>.l35 in the data root")->required();
+  plan->add_option("--depart", po->route.depart, "\"YYYY-MM-DD HH:MM\"")->required();
+  plan->add_option("--speed", po->route.speed, "Boat speed, knots, for legs whose point carries none (default: the settings' VesselSpeed)");
+  plan->add_option("--pdf", po->pdf, "Write the plan as an A4 PDF here (the window's printout) instead of text");
+  plan->add_flag("--summer", po->route.summer, "Summer time: the tides an hour later (default: the settings' SummerTime)");
+  plan->callback([&ctx, po] { ctx.exitCode = Plan(ctx, *po); });
 
   auto lo = std::make_shared<LegOptions>();
   auto* leg = app.add_subcommand("leg", "One leg from position to position through the tidal streams, as the single-leg form works it");

@@ -38,6 +38,8 @@ frmresults::frmresults(const PassageState& passage, QWidget* parent) : QDialog(p
   cmdClipboardCopy->setObjectName("cmdClipboardCopy");
   cmdresultsprint = new QPushButton("Print", this);
   cmdresultsprint->setObjectName("cmdresultsprint");
+  cmdPassagePlan = new QPushButton("Passage Plan...", this);
+  cmdPassagePlan->setObjectName("cmdPassagePlan");
   cmdresultsok = new QPushButton("OK", this);
   cmdresultsok->setObjectName("cmdresultsok");
 
@@ -49,6 +51,7 @@ frmresults::frmresults(const PassageState& passage, QWidget* parent) : QDialog(p
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(cmdClipboardCopy);
   buttons->addWidget(cmdresultsprint);
+  buttons->addWidget(cmdPassagePlan);
   buttons->addStretch(1);
   buttons->addWidget(cmdresultsok);
   auto* layout = new QVBoxLayout(this);
@@ -62,6 +65,9 @@ frmresults::frmresults(const PassageState& passage, QWidget* parent) : QDialog(p
     connect(b, &QAbstractButton::toggled, this, &frmresults::Refresh);
   connect(cmdClipboardCopy, &QPushButton::clicked, this, [this] { CopyLines(ShownLines()); });
   connect(cmdresultsprint, &QPushButton::clicked, this, [this] { PrintLines(this, ShownLines()); });
+  connect(cmdPassagePlan, &QPushButton::clicked, this, [this] {
+    if (onPassagePlan) onPassagePlan();
+  });
   connect(cmdresultsok, &QPushButton::clicked, this, &QDialog::accept);
   connect(this, &QDialog::finished, this, [this] {
     if (onClose) onClose();

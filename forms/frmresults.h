@@ -40,6 +40,10 @@ class frmresults : public QDialog {
   QPushButton* cmdClipboardCopy = nullptr;
   QPushButton* cmdresultsprint = nullptr;
   QPushButton* cmdresultsok = nullptr;
+  QPushButton* cmdPassagePlan = nullptr;
+
+  // The passage plan of these results: the window builds and shows it.
+  std::function<void()> onPassagePlan;
 
   // Called once when the form closes, however it closes: the main window
   // puts the tides back to the working day here.

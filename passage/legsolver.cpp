@@ -13,6 +13,7 @@ void ClearRouteResults(PassageState& s) {
   s.RouteCog.assign(1, CogPoint{});
   s.RouteStreams.assign(1, StreamSample{});
   s.ResultText.clear();
+  s.LegResults.clear();
   s.LegChart = {};
 }
 

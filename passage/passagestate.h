@@ -101,6 +101,20 @@ struct LegConstruction {
   DriftPoint Dest;
 };
 
+// What the route calculation found for one leg besides the route point's
+// own fields: the clock at both ends as the report writes them, the speed
+// and distance over the ground, and which of RouteStreams the leg met.
+struct LegResult {
+  std::int16_t StartDay = 0, StartYear = 0;
+  float StartTime = 0;       // decimal hours at the leg's start
+  std::string StartText;     // "Starting at" clock of the report
+  std::string ArrivalText;   // "arriving at" clock of the report, "(5 Mar)" on a later day
+  float GroundSpeed = 0;     // knots over the ground: range / time taken
+  float TrackDistance = 0;   // miles over the ground to the best point
+  int FirstStream = 0;       // the leg's first sample in RouteStreams
+  int StreamCount = 0;       // its samples there (the leg's DriftCount)
+};
+
 struct PassageState {
   std::vector<RoutePoint> Route = std::vector<RoutePoint>(1);  // points from 1
 
@@ -117,6 +131,7 @@ struct PassageState {
 
   std::vector<std::string> ResultText;
   std::vector<std::string> SummaryText;
+  std::vector<LegResult> LegResults;  // leg i (from Route[i]) at element i - 1; emptied with the results
   float RouteDistance = 0;
   LegConstruction LegChart;  // emptied with the results
 };

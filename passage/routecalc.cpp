@@ -226,6 +226,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
   const std::string dateText = ReportDateText(in.Day, in.Year);
   s.RouteCog.assign(1, CogPoint{});
   s.RouteStreams.assign(1, StreamSample{});
+  s.LegResults.clear();
   s.LegChart = {};
   const std::string departText = in.DepartureText;
   s.ResultText[0] = "RESULTS ARE FROM DERIVED DATA AND AS SUCH ARE ONLY APPROXIMATE";
@@ -246,6 +247,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     const float speed = from.Speed;
     progress(100 - 100 * i / count);
 
+    const int firstStream = static_cast<int>(s.RouteStreams.size());
     const LegRun run = RunRouteLeg(ctx, s, solver, i, at);
     const LegSolution& leg = run.leg;
     for (const std::string& notice : leg.notices) note(MessageKind::Information, notice);
@@ -291,6 +293,9 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
     start.DriftCount = static_cast<std::int16_t>(leg.BestIndex);
 
     const Arrival& arrival = run.arrival;
+    s.LegResults.push_back(LegResult{at.day, at.year, at.time, HoursToClockCoarse(at.time), arrival.text,
+                                     leg.GroundSpeed, leg.TrackDistance, firstStream,
+                                     static_cast<int>(s.RouteStreams.size()) - firstStream});
     const RangeAndBearing between = RangeBearing(start.Lat, start.Lon, dest.Lat, dest.Lon);
     std::vector<std::string> lines;
     lines.push_back("Steer " + FormatNumber(start.CourseToSteer, "000") + "°M" + "\t" + " Time taken=" +
@@ -304,7 +309,7 @@ RouteCalcOutcome CalculateRoute(StreamContext& ctx, PassageState& live, const Ro
         toLine += "    Dive Time of " + std::to_string(dest.StopMinutes) + " mins";
     }
     lines.push_back(toLine);
-    lines.push_back("Starting at " + HoursToClockCoarse(at.time) + " arriving at " + arrival.text);
+    lines.push_back("Starting at " + s.LegResults.back().StartText + " arriving at " + arrival.text);
     lines.push_back("Range and bearing between waypoints : " + FormatNumber(between.range, "0.0") + "nm @ " +
                     FormatNumber(between.bearing, "000") + "°T ");
     lines.push_back("Speed Over Ground = " + FormatNumber(leg.GroundSpeed, "0.0") + "kt. Water Track Distance " +

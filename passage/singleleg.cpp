@@ -148,6 +148,7 @@ SingleLegOutcome SolveSingleLeg(StreamContext& ctx, PassageState& live, const Ch
   PassageState s = live;
   s.RouteCog.assign(1, CogPoint{});
   s.RouteStreams.assign(1, StreamSample{});
+  s.LegResults.clear();
   s.LegChart = {};
   if (in.UseTides) {
     TidesForMoment(ctx, in);

@@ -531,8 +531,6 @@ Interpolated Interpolate(const StreamContext& ctx, const Diamond& d, bool displa
   return out;
 }
 
-std::string DiamondText(const Diamond& d) { return NumberText(d.chartNumber) + ", " + NumberText(d.DiaRef); }
-
 // DiamondText of diamond i through the labels cache.
 const std::string& DiamondLabel(StreamCaches& c, const std::vector<Diamond>& diamonds, std::size_t i) {
   if (c.labels.size() != diamonds.size()) c.labels.assign(diamonds.size(), {});
@@ -549,6 +547,8 @@ const std::string& DiamondLabel(StreamCaches& c, const std::vector<Diamond>& dia
 }
 
 }  // namespace
+
+std::string DiamondText(const Diamond& d) { return NumberText(d.chartNumber) + ", " + NumberText(d.DiaRef); }
 
 std::string TidalStreamAt(StreamContext& ctx, float lat, float lon, float timeHours, std::int16_t day,
                           std::int16_t year, StreamAnswer& answer) {

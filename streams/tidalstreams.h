@@ -150,6 +150,9 @@ struct StreamAnswer {
   std::string DiamondText;  // chartNumber ", " DiaRef, or "NONE"
 };
 
+// The name of a diamond in a stream answer: chartNumber ", " DiaRef.
+std::string DiamondText(const Diamond& d);
+
 inline constexpr float kStreamReachMiles = 30.0f;
 
 // The message of a diamond whose spring and neap ranges are equal.

@@ -25,6 +25,11 @@ else
 fi
 QT_QPA_PLATFORM=xcb KELVANE_SCREENSHOT_DIR="$(realpath "$OUT")" \
   xvfb-run -a -s "-screen 0 1280x900x24" "$BUILD/tests/gui/test_gui"
+# The first page of the passage plan's PDF as kelvane-cli writes it, drawn
+# by poppler (pdftoppm) as a reader would see it.
+"$BUILD/cli/kelvane-cli" --data-root data --user-folder "$(mktemp -d)" plan tests/data/passage/vineyard.gpx \
+  --area 'Nantucket Sound' --depart '2025-06-10 08:00' --pdf "$OUT/passage-plan.pdf"
+pdftoppm -png -r 60 -f 1 -l 1 -singlefile "$OUT/passage-plan.pdf" "$OUT/passage-plan-page1"
 ls -l "$OUT"
 # The chart across a restart, on a real X window: restore-1-as-left is the
 # Solent as the first run left it, restore-2-next-start the next start's

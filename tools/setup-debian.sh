@@ -14,6 +14,8 @@ PACKAGES=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # peers and harnesses used by the tests
   socat gpsbabel gpsd-clients xvfb xauth sqlite3 mdbtools
+  # poppler-utils (pdftotext, pdftoppm): reads back the passage plan's PDF
+  poppler-utils
   # ecCodes (grib_filter, grib_get_data): makes and checks the GRIB test files
   libeccodes-tools
   # ecCodes' library: the yardstick of the GRIB decode benchmark only

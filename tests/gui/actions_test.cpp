@@ -194,6 +194,8 @@ TEST(MainWindowActions, EveryFormOpensFromTheMainWindow) {
   QTest::qWait(50);
   watch.inside = nullptr;
   run("mnuDiverRoute");
+  // The passage plan of those results.
+  run("mnuPassagePlan");
   // The calculated track as waypoints.
   run("mnuCOGToWayExport");
   // The details of an AIS target: the test aid's report, then F2 at the chart.

@@ -12,9 +12,11 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
+#include <fstream>
 
 #include "app/mainwindow.h"
 #include "app/mainwindow_instruments.h"
+#include "forms/frmPassagePlan.h"
 #include "forms/frmcalcroute.h"
 #include "forms/frmresults.h"
 #include "forms/frmroutehistory.h"
@@ -23,6 +25,7 @@
 #include "passage/routecalc.h"
 #include "support/gui_support.h"
 #include "support/route_sample.h"
+#include "support/tempdir.h"
 
 using namespace kelvane;
 using namespace kelvane::test;
@@ -94,6 +97,24 @@ TEST(MainWindowRoute, CalculateThenResultsThenLastResults) {
   ASSERT_NE(results, nullptr);
   EXPECT_TRUE(results->isVisible());
   EXPECT_EQ(forms::BoxLines(results->txtResults), s.ResultText);
+  // The passage plan from the results, saved as a PDF under the name given
+  // (".pdf" added); the route menu offers it too now that results exist.
+  QMetaObject::invokeMethod(chart.Action("mnuPassagePlan")->parent(), "aboutToShow");
+  EXPECT_TRUE(chart.Action("mnuPassagePlan")->isEnabled());
+  QTest::mouseClick(results->cmdPassagePlan, Qt::LeftButton);
+  auto* plan = chart.findChild<forms::frmPassagePlan*>();
+  ASSERT_NE(plan, nullptr);
+  EXPECT_NE(plan->txtPlan->toPlainText().toStdString().find("  Steer " + s.ResultText[7].substr(6, 6)),
+            std::string::npos);
+  TempDir out;
+  plan->choosePdfFile = [&](const QString&, const QString&) { return QString::fromStdString((out.path / "plan").string()); };
+  QTest::mouseClick(plan->cmdSavePdf, Qt::LeftButton);
+  EXPECT_TRUE(messages.empty()) << messages.front();
+  std::ifstream pdf(out.path / "plan.pdf", std::ios::binary);
+  std::string magic(5, '\0');
+  pdf.read(magic.data(), 5);
+  EXPECT_EQ(magic, "%PDF-");
+  plan->close();
   QTest::mouseClick(results->cmdresultsok, Qt::LeftButton);
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(chart.findChild<forms::frmresults*>(), nullptr);
