@@ -45,18 +45,20 @@ void FrmChart::mnuPassagePlan_Click() {
   auto chart = std::make_shared<QImage>(
       PassagePlanChart(state_, chart_->Catalogue(), state_.folders.ChartsFolder(), kPlanChartSize));
   const QImage* picture = chart->isNull() ? nullptr : chart.get();
+  auto graphImage = std::make_shared<QImage>(PassagePlanDepartureGraph(state_.passage, kPlanGraphSize));
+  const QImage* graph = graphImage->isNull() ? nullptr : graphImage.get();
 
   auto* form = new forms::frmPassagePlan(PassagePlanLines(*plan), state_.folders.RoutesFolder(), this);
   form->setAttribute(Qt::WA_DeleteOnClose);
   form->showMessage = showMessage;
-  form->savePdf = [plan, chart, picture](const std::filesystem::path& file) {
-    return WritePassagePlanPdf(file, *plan, picture, nullptr);
+  form->savePdf = [plan, chart, picture, graphImage, graph](const std::filesystem::path& file) {
+    return WritePassagePlanPdf(file, *plan, picture, graph);
   };
-  form->print = [this, plan, chart, picture] {
+  form->print = [this, plan, chart, picture, graphImage, graph] {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageSize(QPageSize(QPageSize::A4));
     QPrintDialog dialog(&printer, this);
-    if (dialog.exec() == QDialog::Accepted) PaintPassagePlan(printer, *plan, picture, nullptr);
+    if (dialog.exec() == QDialog::Accepted) PaintPassagePlan(printer, *plan, picture, graph);
   };
   form->show();
 }

@@ -15,6 +15,7 @@
 #include "app/overlays.h"
 #include "chart/georef.h"
 #include "chart/overlaygeometry.h"
+#include "forms/departuregraph.h"
 
 namespace kelvane::app {
 
@@ -194,6 +195,18 @@ class PageWriter {
 };
 
 }  // namespace
+
+QImage PassagePlanDepartureGraph(const PassageState& passage, QSize size) {
+  if (passage.SweptHours.empty()) return {};
+  std::vector<forms::DepartureGraphPoint> points;
+  for (const SweptHour& h : passage.SweptHours) points.push_back({h.Depart, h.TimeTaken});
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  forms::PaintDepartureGraph(painter, QRectF(QPointF(0, 0), QSizeF(size)), points, -1);
+  return image;
+}
 
 void PaintPassagePlan(QPagedPaintDevice& device, const PassagePlan& plan, const QImage* chart,
                       const QImage* departureGraph) {

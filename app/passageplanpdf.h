@@ -20,6 +20,8 @@ namespace kelvane::app {
 // labels are drawn at their screen size, and this many pixels across the
 // printed width (about 7 inches) makes them legible on paper.
 inline constexpr QSize kPlanChartSize{1200, 900};
+// The departure graph's size in pixels, as wide as the chart picture.
+inline constexpr QSize kPlanGraphSize{1200, 600};
 
 // The most detailed chart of `catalogue` that holds every point of the
 // route and of its track (or, when none holds them all, the one holding
@@ -29,6 +31,11 @@ inline constexpr QSize kPlanChartSize{1200, 900};
 // holds any of the route or its image cannot be read.
 QImage PassagePlanChart(const ProgramState& state, const std::vector<ChartRecord>& catalogue,
                         const std::filesystem::path& chartsFolder, QSize size);
+
+// The departure sweep's graph of the route (time taken against the hour
+// of departure), as the sweep's results form draws it; a null image when no
+// sweep of the route as it stands was run.
+QImage PassagePlanDepartureGraph(const PassageState& passage, QSize size);
 
 // Paints the plan over as many pages as it needs, from the device's first
 // page: heading, warnings, departure and arrival, the legs table with the

@@ -64,6 +64,7 @@ SweepOutcome SweepDepartures(StreamContext& ctx, PassageState& live, const Sweep
                   "Optimum Departure for " + dateText, " ", SweepHeaderLine()};
   s.SummaryText = {"Optimum Departure for " + dateText};
   s.LegChart = {};
+  s.LegResults.clear();
   s.RouteDistance = RouteDistanceOf(s);
 
   const SolverSettings solver{in.CalcInterval, in.AcceptableError, in.WorkingTime};
@@ -138,6 +139,8 @@ SweepOutcome SweepDepartures(StreamContext& ctx, PassageState& live, const Sweep
   s.ResultText.push_back("Reference Port predictions for the areas Tidal Diamonds ");
   for (const std::string& l : ReferencePortLines(*ctx.tides)) s.ResultText.push_back(l);
 
+  s.SweptHours.clear();
+  for (const OptRow& row : out.rows) s.SweptHours.push_back({row.Depart, row.TimeTaken});
   live = std::move(s);
   out.verdict = SweepVerdict::Completed;
   return out;

@@ -124,6 +124,7 @@ DiveRouteOutcome CalculateDiveRoute(StreamContext& ctx, PassageState& live, cons
                   ""};
   s.RouteCog.assign(1, CogPoint{});
   s.RouteStreams.assign(1, StreamSample{});
+  s.LegResults.clear();
   s.LegChart = {};
 
   PassageMoment at{departure.hours, in.Day, in.Year};

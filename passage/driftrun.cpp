@@ -111,6 +111,7 @@ DriftRunResult DriftRun(StreamContext& ctx, PassageState& s, RoutePoint& point, 
   s.PassStreams.assign(static_cast<std::size_t>(n) + 1, StreamSample{});
   s.RouteCog.assign(1, CogPoint{start.lat, start.lon, time, day, year});
   s.RouteStreams.assign(1, StreamSample{});
+  s.LegResults.clear();
   point.TrackB.assign(kStoredTrackPoints, DriftPoint{});
   point.DriftTrack.assign(1, DriftPoint{start.lat, start.lon});
   point.TrackB[0] = DriftPoint{start.lat, start.lon};

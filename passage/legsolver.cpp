@@ -27,6 +27,7 @@ void ClearLegResults(PassageState& passage) {
     p.TrackA.clear();
     p.TrackB.clear();
   }
+  passage.SweptHours.clear();
   ClearRouteResults(passage);
 }
 

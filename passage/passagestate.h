@@ -115,6 +115,12 @@ struct LegResult {
   int StreamCount = 0;       // its samples there (the leg's DriftCount)
 };
 
+struct SweptHour {
+  float Depart = 0;     // decimal hours of the day of departure
+  float TimeTaken = 0;  // hours
+  bool operator==(const SweptHour&) const = default;
+};
+
 struct PassageState {
   std::vector<RoutePoint> Route = std::vector<RoutePoint>(1);  // points from 1
 
@@ -132,6 +138,11 @@ struct PassageState {
   std::vector<std::string> ResultText;
   std::vector<std::string> SummaryText;
   std::vector<LegResult> LegResults;  // leg i (from Route[i]) at element i - 1; emptied with the results
+  // The departure sweep's time taken at each hour it tried, kept for the
+  // passage plan's graph for as long as the route stands (a moved, added
+  // or removed point empties it; a later calculation of the same route
+  // does not).
+  std::vector<SweptHour> SweptHours;
   float RouteDistance = 0;
   LegConstruction LegChart;  // emptied with the results
 };

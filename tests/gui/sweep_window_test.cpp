@@ -15,6 +15,7 @@
 #include <QTest>
 
 #include "app/mainwindow.h"
+#include "app/passageplanpdf.h"
 #include "forms/frmOptResults.h"
 #include "forms/frmRouteOptDeparture.h"
 #include "passage/departuresweep.h"
@@ -145,4 +146,14 @@ TEST(MainWindowSweep, ResultsMarkAndPickARowAndCopy) {
             s.ResultText[4] + "\n" + s.ResultText[6] + "\n" + s.ResultText[8]);
   EXPECT_TRUE(messages.empty());
   results->close();
+
+  // The six hours stay with the route for the passage plan's graph; the
+  // sweep's report is no route report, so the legs' plan records go, and a
+  // changed route takes the hours with it.
+  ASSERT_EQ(s.SweptHours.size(), 6u);
+  EXPECT_EQ(s.SweptHours.back(), (SweptHour{23.0f, results->Rows().back().TimeTaken}));
+  EXPECT_TRUE(s.LegResults.empty());
+  EXPECT_FALSE(app::PassagePlanDepartureGraph(s, {600, 300}).isNull());
+  ClearLegResults(chart.State().passage);
+  EXPECT_TRUE(app::PassagePlanDepartureGraph(s, {600, 300}).isNull());
 }
