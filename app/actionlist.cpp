@@ -101,7 +101,6 @@ const std::vector<AwaitingAction>& ActionsAwaitingWork() {
       {"mnuAnimatePause", "route animation"},
       {"mnuAnimateReverse", "route animation"},
       {"mnuAnimateStop", "route animation"},
-      {"mnuSaveCOG", "the course-over-ground result layer"},
       {"mnuShowHistorical", "tracks"},
       {"mnuhistPlot", "tracks"},
       {"mnuremovehistplot", "tracks"},

@@ -51,10 +51,15 @@ void FrmChart::ConnectFileMenus() {
   wire("mnuImport", [this] { mnuImport_Click(); });
   // The text export is the list of the last calculation's results; with
   // none the form says so when asked to save.
-  wire("mnuExport1", [this] {
+  // The File menu's text export and the Route menu's "Save Course over
+  // Ground..." both write the list of the last calculation (a route, a
+  // course over ground or a casualty's drift) to a text file.
+  auto exportCog = [this] {
     forms::frmCOGexport form(state_.folders, state_.passage.ResultText, this);
     form.exec();
-  });
+  };
+  wire("mnuExport1", exportCog);
+  wire("mnuSaveCOG", exportCog);
   wire("mnuCOGToWayExport", [this] {
     // The calculated track, element 0 its start; a track of the start
     // alone is no calculation.
