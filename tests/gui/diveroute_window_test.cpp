@@ -47,6 +47,7 @@ TEST(MainWindowDiveRoute, DiveTimeTypedThenOkShowsTheReport) {
     form->List1->setCurrentRow(0);  // leg 1: its stop is Bravo
     form->txtDiveTime->selectAll();
     QTest::keyClicks(form->txtDiveTime, "4x0");  // the letter is dropped
+    Screenshot(form, "dive_route");
     QTest::mouseClick(form->Cmdrteok, Qt::LeftButton);
   });
   item->trigger();

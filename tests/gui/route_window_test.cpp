@@ -104,6 +104,7 @@ TEST(MainWindowRoute, CalculateThenResultsThenLastResults) {
   QTest::mouseClick(results->cmdPassagePlan, Qt::LeftButton);
   auto* plan = chart.findChild<forms::frmPassagePlan*>();
   ASSERT_NE(plan, nullptr);
+  Screenshot(plan, "passage_plan");
   EXPECT_NE(plan->txtPlan->toPlainText().toStdString().find("  Steer " + s.ResultText[7].substr(6, 6)),
             std::string::npos);
   TempDir out;

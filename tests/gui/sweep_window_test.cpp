@@ -71,6 +71,7 @@ TEST(MainWindowSweep, CancelStopsAtTheNextLegAndKeepsTheResults) {
     QTest::mouseClick(form->cmdOptimise, Qt::LeftButton);
     verdict = form->Outcome()->verdict;
     label = form->lblProgress->text();
+    Screenshot(form, "optimise_departure");
     EXPECT_TRUE(form->isVisible());  // the first Cancel stops the sweep only
     QTest::mouseClick(form->cmdrtecancel, Qt::LeftButton);
   });
