@@ -106,6 +106,12 @@ class FrmChart : public QMainWindow {
   // The route menu's calculation and its results (mainwindow_passage.cpp).
   void mnucalcrte_Click();
   void mnuLastRouteResults_Click();
+  // What the calculation forms (route, dive route, sweep) share: the idle
+  // timer held while they work, the moment and chart afterwards, and the
+  // results form.
+  std::function<void(bool)> HoldWhileCalculating();
+  void AfterCalculation(bool calculated);
+  void ShowCalculationResults();
   // The route menu's departure sweep and its results (mainwindow_sweep.cpp).
   void mnuOptimiseDeparture_Click();
   // The passage plan of the last calculation: PDF and print

@@ -34,19 +34,9 @@ void FrmChart::mnuDiverRoute_Click() {
   forms::frmDiverRoute form(state_.passage, state_.Streams(), state_.settings, state_.moment, this);
   form.showMessage = showMessage;
   const bool calculated = form.exec() == QDialog::Accepted;
-  // The calculation leaves the curves at the working day; the moment is
-  // told so. An edited leg shows on the chart either way.
-  if (calculated) {
-    state_.moment.TideDay = state_.moment.WorkingDay;
-    state_.moment.TideYear = state_.moment.WorkingYear;
-  }
-  Redraw();
-  if (!calculated) return;
-
-  auto* results = new forms::frmresults(state_.passage, this);
-  results->setAttribute(Qt::WA_DeleteOnClose);
-  results->onClose = [this] { LoadTides(state_.moment.WorkingDay, state_.moment.WorkingYear); };
-  results->show();
+  // An edited leg shows on the chart either way.
+  AfterCalculation(calculated);
+  if (calculated) ShowCalculationResults();
 }
 
 }  // namespace kelvane::app

@@ -56,12 +56,7 @@ void FrmChart::mnuCalcCOG_Click() {
     form.txtStartPos->setText(forms::ToQString(PositionEntryText(p.Route[1].Lat, p.Route[1].Lon)));
   if (RouteCount(p) >= 2)
     form.txtDestPos->setText(forms::ToQString(PositionEntryText(p.Route[2].Lat, p.Route[2].Lon)));
-  form.drifted = [this] {
-    // The run put the curves back to the working day.
-    state_.moment.TideDay = state_.moment.WorkingDay;
-    state_.moment.TideYear = state_.moment.WorkingYear;
-    Redraw();
-  };
+  form.drifted = [this] { AfterCalculation(true); };
   form.exec();
 }
 
@@ -81,10 +76,8 @@ void FrmChart::ShowCasualty(Position at) {
   state_.marks.MOBSet = true;
   state_.marks.MOBLat = at.lat;
   state_.marks.MOBLon = at.lon;
-  state_.moment.TideDay = state_.moment.WorkingDay;
-  state_.moment.TideYear = state_.moment.WorkingYear;
   if (chart_ && !InView(chart_->Corners(), at)) chart_->LocateGPS(at.lat, at.lon);
-  Redraw();
+  AfterCalculation(true);
 }
 
 }  // namespace kelvane::app

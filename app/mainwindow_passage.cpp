@@ -86,10 +86,24 @@ void FrmChart::mnucalcrte_Click() {
     }
     for (const std::string& line : lines) box->appendPlainText(forms::ToQString(line));
   };
-  // The idle timer waits while the legs are worked, and the minute's
-  // routine of the polling loop holds off: either could reload the tides
-  // under the calculation.
-  form.working = [this, wasActive = false](bool on) mutable {
+  form.working = HoldWhileCalculating();
+  const bool calculated = form.exec() == QDialog::Accepted;
+  // A reversed or edited route shows on the chart either way.
+  AfterCalculation(calculated);
+  if (calculated) ShowCalculationResults();
+}
+
+void FrmChart::mnuLastRouteResults_Click() {
+  auto* history = new forms::frmroutehistory(state_.passage, this);
+  history->setAttribute(Qt::WA_DeleteOnClose);
+  history->show();
+}
+
+// The idle timer waits while the legs are worked, and the minute's
+// routine of the polling loop holds off: either could reload the tides
+// under the calculation. The timer runs again afterwards if it ran before.
+std::function<void(bool)> FrmChart::HoldWhileCalculating() {
+  return [this, wasActive = false](bool on) mutable {
     calculating_ = on;
     if (on) {
       wasActive = timer1_.isActive();
@@ -98,27 +112,26 @@ void FrmChart::mnucalcrte_Click() {
       timer1_.start();
     }
   };
-  const bool calculated = form.exec() == QDialog::Accepted;
-  // The calculation leaves the curves at the working day; the moment is
-  // told so. A reversed or edited route shows on the chart either way.
+}
+
+// A calculation leaves the curves at the working day; the moment is told
+// so. The chart shows the route as the form left it either way.
+void FrmChart::AfterCalculation(bool calculated) {
   if (calculated) {
     state_.moment.TideDay = state_.moment.WorkingDay;
     state_.moment.TideYear = state_.moment.WorkingYear;
   }
   Redraw();
-  if (!calculated) return;
+}
 
+// The results form of the route or dive route just calculated; closing it
+// puts the tides back to the working day.
+void FrmChart::ShowCalculationResults() {
   auto* results = new forms::frmresults(state_.passage, this);
   results->setAttribute(Qt::WA_DeleteOnClose);
   results->onClose = [this] { LoadTides(state_.moment.WorkingDay, state_.moment.WorkingYear); };
   results->onPassagePlan = [this] { mnuPassagePlan_Click(); };
   results->show();
-}
-
-void FrmChart::mnuLastRouteResults_Click() {
-  auto* history = new forms::frmroutehistory(state_.passage, this);
-  history->setAttribute(Qt::WA_DeleteOnClose);
-  history->show();
 }
 
 }  // namespace kelvane::app

@@ -28,25 +28,9 @@ void FrmChart::mnuOptimiseDeparture_Click() {
 
   forms::frmRouteOptDeparture form(state_.passage, state_.Streams(), state_.settings, state_.moment, this);
   form.showMessage = showMessage;
-  // As for the route calculation: the idle timer and the minute's routine
-  // hold off while the hours are worked, since either could reload the
-  // tides under the sweep.
-  form.working = [this, wasActive = false](bool on) mutable {
-    calculating_ = on;
-    if (on) {
-      wasActive = timer1_.isActive();
-      timer1_.stop();
-    } else if (wasActive) {
-      timer1_.start();
-    }
-  };
+  form.working = HoldWhileCalculating();
   const bool swept = form.exec() == QDialog::Accepted;
-  if (swept) {
-    // The sweep leaves the curves at the working day.
-    state_.moment.TideDay = state_.moment.WorkingDay;
-    state_.moment.TideYear = state_.moment.WorkingYear;
-  }
-  Redraw();  // a reversed route shows either way
+  AfterCalculation(swept);  // a reversed route shows either way
   if (!swept || !form.Outcome()) return;
 
   const SweepOutcome& outcome = *form.Outcome();
