@@ -12,16 +12,6 @@ namespace {
 using test::kDay;
 using test::kYear;
 
-// A diamond with the same stream at every hour.
-Diamond Uniform(float lat, float lon, float direction, float rate) {
-  Diamond d = test::TableDiamond(lat, lon, 2, 1);
-  for (int n = 1; n <= 13; ++n) {
-    d.Rate(n, kRowDirection) = direction;
-    d.Rate(n, kRowSpring) = rate;
-    d.Rate(n, kRowNeap) = rate;
-  }
-  return d;
-}
 
 struct World : test::StreamWorld {
   PassageState s;
@@ -64,7 +54,7 @@ TEST(DriftRun, CasualtyInAUniformStreamDriftsNPlusOneSteps) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.duration);
-    World w(Uniform(50.0f, 0.0f, 0.0f, row.rate));
+    World w(test::UniformDiamond(50.0f, 0.0f, 0.0f, row.rate));
     w.settings.CalcInterval = row.interval;
     const DriftOutcome out = CalculateMob(w.ctx, w.s, Mob(row.duration), w.settings);
     ASSERT_EQ(out.verdict, DriftVerdict::Done) << out.message;
@@ -88,7 +78,7 @@ TEST(DriftRun, CasualtyInAUniformStreamDriftsNPlusOneSteps) {
 // Out of reach of every diamond the casualty stays where she went in, and
 // the clock runs on over New Year into the next year.
 TEST(DriftRun, NoDiamondInReachStaysAtTheStartOverNewYear) {
-  World w(Uniform(55.0f, 5.0f, 90.0f, 3.0f));  // hundreds of miles away
+  World w(test::UniformDiamond(55.0f, 5.0f, 90.0f, 3.0f));  // hundreds of miles away
   w.settings.Day = 365;
   w.settings.Year = 2025;
   w.settings.Time = 23.5f;
@@ -129,7 +119,7 @@ TEST(DriftRun, BoatOnAMagneticHeadingEndsWherePlaneSailingPutsIt) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.heading);
-    World w(Uniform(50.0f, 0.0f, 0.0f, 1.5f));
+    World w(test::UniformDiamond(50.0f, 0.0f, 0.0f, 1.5f));
     w.settings.Variation = row.variation;
     CogInput in;
     in.Start = kStart;
@@ -209,7 +199,7 @@ TEST(DriftRun, BadInputGivesAMessageAndChangesNothing) {
       {"1e9", Mob("1e9"), tooLong5},
       {"90 hours at 5 minutes", Mob("90"), tooLong5},
   };
-  World w(Uniform(50.0f, 0.0f, 0.0f, 1.5f));
+  World w(test::UniformDiamond(50.0f, 0.0f, 0.0f, 1.5f));
   w.s.RouteCog = {CogPoint{1, 2, 3, 4, 5}};
   w.s.PassCog = {CogPoint{6, 7, 8, 9, 10}};
   w.s.ResultText = {"the last report"};

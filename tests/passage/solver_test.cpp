@@ -19,16 +19,6 @@ using test::kDay;
 using test::kYear;
 using test::StreamWorld;
 
-// A diamond with the same stream at every hour.
-Diamond Steady(float lat, float lon, float direction, float rate) {
-  Diamond d = test::TableDiamond(lat, lon, 2, 1);
-  for (int n = 1; n <= 13; ++n) {
-    d.Rate(n, kRowDirection) = direction;
-    d.Rate(n, kRowSpring) = rate;
-    d.Rate(n, kRowNeap) = rate;
-  }
-  return d;
-}
 
 struct World : StreamWorld {
   PassageState s;
@@ -56,7 +46,7 @@ TEST(SolveLeg, SamePointTouchesNothing) {
 
 TEST(SolveLeg, NoDiamondInReachSteersTheDirectCourse) {
   World w;
-  SetDiamonds(w.streams, {Steady(55.0f, 5.0f, 90, 3)});  // hundreds of miles away
+  SetDiamonds(w.streams, {test::UniformDiamond(55.0f, 5.0f, 90, 3)});  // hundreds of miles away
   // About 5.7 miles north-east at 5 knots.
   const Position a{50.0f, -1.0f}, b{50.07f, -0.9f};
   const RangeAndBearing rb = RangeBearing(a.lat, a.lon, b.lat, b.lon);
@@ -111,7 +101,7 @@ TEST(TraceLeg, NewYearOfACommonYearRolledAfterADay366) {
 
 TEST(SolveLeg, FoulStreamStrongerThanTheBoat) {
   World w;
-  SetDiamonds(w.streams, {Steady(50.0f, 0.0f, 180, 3)});  // 3 knots south
+  SetDiamonds(w.streams, {test::UniformDiamond(50.0f, 0.0f, 180, 3)});  // 3 knots south
   const Position a{50.0f, 0.0f}, b{50.0333f, 0.0f};      // 2 miles north
   const LegSolution r = SolveLeg(w.ctx, w.s, w.settings, a, b, 1.0f, 10.0f, kDay, kYear);
   EXPECT_EQ(r.BestIndex, 0);
@@ -123,7 +113,7 @@ TEST(SolveLeg, FoulStreamStrongerThanTheBoat) {
 
 TEST(SolveLeg, APassThatCannotEndStopsAndLeavesTheStores) {
   World w;
-  SetDiamonds(w.streams, {Steady(50.0f, 0.0f, 180, 0.6f)});
+  SetDiamonds(w.streams, {test::UniformDiamond(50.0f, 0.0f, 180, 0.6f)});
   w.s.RouteCog = {CogPoint{1, 2, 3, 4, 5}};
   w.s.PassCog = {CogPoint{6, 7, 8, 9, 10}};
   const PassageState before = w.s;
@@ -270,7 +260,7 @@ TEST(RouteCalc, ReportOfAStillWaterRoute) {
 
 TEST(RouteCalc, UnreachedLegMovesTheNextStart) {
   World w;
-  SetDiamonds(w.streams, {Steady(50.0f, 0.0f, 90, 2.5f)});  // 2.5 knots east across a northward leg
+  SetDiamonds(w.streams, {test::UniformDiamond(50.0f, 0.0f, 90, 2.5f)});  // 2.5 knots east across a northward leg
   w.s.Route.push_back(Point(50, 0, "A", 1));
   w.s.Route.push_back(Point(50.05f, 0, "B", 1));
   w.s.Route.push_back(Point(50.1f, 0, "C", 1));

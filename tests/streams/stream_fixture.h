@@ -46,6 +46,18 @@ inline Diamond TableDiamond(float lat, float lon, float sprange, float nprange, 
   return d;
 }
 
+// A diamond with the same stream (direction, and the same spring and neap
+// rate) in every slot: every drift through it is plane sailing on paper.
+inline Diamond UniformDiamond(float lat, float lon, float direction, float rate) {
+  Diamond d = TableDiamond(lat, lon, 2, 1);
+  for (int n = 1; n <= 13; ++n) {
+    d.Rate(n, kRowDirection) = direction;
+    d.Rate(n, kRowSpring) = rate;
+    d.Rate(n, kRowNeap) = rate;
+  }
+  return d;
+}
+
 struct StreamWorld {
   TideState tides;
   StreamState streams;
